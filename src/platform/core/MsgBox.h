@@ -1,0 +1,44 @@
+#pragma once
+
+#include <QString>
+#include <memory>
+
+namespace tessaro {
+
+// Message box styles and answers, with the classic values.
+namespace mb {
+enum Style : int {
+    OKOnly = 0,
+    OKCancel = 1,
+    YesNoCancel = 3,
+    YesNo = 4,
+    Critical = 16,
+    Question = 32,
+    Exclamation = 48,
+    Information = 64,
+};
+enum Answer : int { OK = 1, Cancel = 2, Yes = 6, No = 7 };
+} // namespace mb
+
+// The one way the program shows a message box. The real implementation shows a
+// modal window; tests install one that records the call and answers from a script.
+class MessageBoxService
+{
+public:
+    virtual ~MessageBoxService() = default;
+    virtual int show(const QString &prompt, int style, const QString &title) = 0;
+};
+
+// Shows a message box through the installed service. The title defaults to the
+// application title, "Tessaro".
+int MsgBox(const QString &prompt, int style = mb::OKOnly, const QString &title = QString());
+
+MessageBoxService &messageBoxService();
+// Installs a service and returns the previous one (the caller keeps ownership).
+MessageBoxService *setMessageBoxService(MessageBoxService *service);
+
+// The answer a message box gives when no one can press a button: the default
+// (first) button of its style.
+int defaultAnswer(int style);
+
+} // namespace tessaro

@@ -1,0 +1,48 @@
+#include "platform/core/TextFile.h"
+
+#include "platform/core/RuntimeError.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+
+namespace tessaro::textfile {
+
+QByteArray readBytes(const QString &path)
+{
+    QFile file(path);
+    const QFileInfo info(path);
+    if (path.isEmpty() || !info.exists())
+        throw RuntimeError(RuntimeError::FileNotFound);
+    if (info.isDir() || !file.open(QIODevice::ReadOnly))
+        throw RuntimeError(RuntimeError::PathFileAccessError);
+    QByteArray bytes = file.readAll();
+    if (file.error() != QFileDevice::NoError)
+        throw RuntimeError(RuntimeError::PathFileAccessError);
+    return bytes;
+}
+
+QString read(const QString &path) { return fromBytes(readBytes(path)); }
+
+void writeBytes(const QString &path, const QByteArray &bytes)
+{
+    if (path.isEmpty())
+        throw RuntimeError(RuntimeError::BadFileNameOrNumber);
+    const QFileInfo info(path);
+    if (!info.absoluteDir().exists())
+        throw RuntimeError(RuntimeError::PathNotFound);
+    if (info.isDir())
+        throw RuntimeError(RuntimeError::PathFileAccessError);
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit())
+        throw RuntimeError(RuntimeError::PathFileAccessError);
+}
+
+void write(const QString &path, const QString &text) { writeBytes(path, toBytes(text)); }
+
+QString fromBytes(const QByteArray &bytes) { return QString::fromLatin1(bytes); }
+
+QByteArray toBytes(const QString &text) { return text.toLatin1(); }
+
+} // namespace tessaro::textfile

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+namespace tessaro {
+
+// Files are 8-bit text: every byte maps to one character (Latin-1), so any file,
+// binary or not, reads and writes back byte for byte.
+namespace textfile {
+
+// The whole file's bytes. Raises 53 "File not found" when it does not exist,
+// 75 "Path/File access error" when it cannot be read.
+QByteArray readBytes(const QString &path);
+// The whole file as 8-bit text.
+QString read(const QString &path);
+
+// Replaces the file atomically with the bytes: a crash or a full disk never leaves
+// half a file. Raises 76 "Path not found" when the folder does not exist, 75 when the
+// file cannot be written.
+void writeBytes(const QString &path, const QByteArray &bytes);
+// Writes 8-bit text; characters above 255 are written as "?".
+void write(const QString &path, const QString &text);
+
+QString fromBytes(const QByteArray &bytes);
+QByteArray toBytes(const QString &text);
+
+} // namespace textfile
+} // namespace tessaro

@@ -1,0 +1,89 @@
+#include "platform/ui/WidgetDialogs.h"
+
+#include "platform/core/CommonDialog.h"
+#include "platform/core/MsgBox.h"
+
+#include <QApplication>
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QPageSetupDialog>
+#include <QPrinter>
+
+namespace tessaro {
+
+namespace {
+
+class WidgetMessageBox : public MessageBoxService
+{
+public:
+    int show(const QString &prompt, int style, const QString &title) override
+    {
+        QMessageBox box(QApplication::activeWindow());
+        box.setWindowTitle(title);
+        box.setText(prompt);
+        switch (style & 0x70) {
+        case mb::Critical: box.setIcon(QMessageBox::Critical); break;
+        case mb::Question: box.setIcon(QMessageBox::Question); break;
+        case mb::Exclamation: box.setIcon(QMessageBox::Warning); break;
+        case mb::Information: box.setIcon(QMessageBox::Information); break;
+        default: box.setIcon(QMessageBox::NoIcon); break;
+        }
+        switch (style & 0x0F) {
+        case mb::OKCancel: box.setStandardButtons(QMessageBox::Ok | QMessageBox::Cancel); break;
+        case mb::YesNoCancel:
+            box.setStandardButtons(QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
+            break;
+        case mb::YesNo: box.setStandardButtons(QMessageBox::Yes | QMessageBox::No); break;
+        default: box.setStandardButtons(QMessageBox::Ok); break;
+        }
+        switch (box.exec()) {
+        case QMessageBox::Yes: return mb::Yes;
+        case QMessageBox::No: return mb::No;
+        case QMessageBox::Cancel: return mb::Cancel;
+        default: return mb::OK;
+        }
+    }
+};
+
+class WidgetCommonDialog : public CommonDialogService
+{
+public:
+    QString fileName(const FileDialogRequest &request) override
+    {
+        QFileDialog dialog(QApplication::activeWindow(), request.title, request.initialFolder);
+        dialog.setNameFilters(qtNameFilters(request.filter));
+        if (request.kind == FileDialogRequest::Save) {
+            dialog.setAcceptMode(QFileDialog::AcceptSave);
+            dialog.setFileMode(QFileDialog::AnyFile);
+        } else {
+            dialog.setAcceptMode(QFileDialog::AcceptOpen);
+            dialog.setFileMode(request.allowMultiSelect ? QFileDialog::ExistingFiles
+                                                        : QFileDialog::ExistingFile);
+        }
+        if (dialog.exec() != QDialog::Accepted)
+            return QString();
+        return multiSelectionText(dialog.selectedFiles());
+    }
+
+    bool printerSetup(const QString &title) override
+    {
+        QPrinter printer;
+        QPageSetupDialog dialog(&printer, QApplication::activeWindow());
+        dialog.setWindowTitle(title);
+        return dialog.exec() == QDialog::Accepted;
+    }
+};
+
+} // namespace
+
+void installWidgetDialogs()
+{
+    if (qEnvironmentVariableIsSet("TESSARO_HEADLESS_MSGBOX"))
+        return;
+    static WidgetMessageBox messageBox;
+    static WidgetCommonDialog dialog;
+    setMessageBoxService(&messageBox);
+    setCommonDialogService(&dialog);
+}
+
+} // namespace tessaro
