@@ -3,6 +3,8 @@
 #include "platform/core/AppInfo.h"
 #include "platform/core/ErrorTraps.h"
 #include "platform/core/TextFile.h"
+#include "shell/core/Settings.h"
+#include "shell/core/WindowPlacement.h"
 #include "shell/ui/MainWindowSetup.h"
 
 #include <QAction>
@@ -18,7 +20,6 @@ frmMain::frmMain(QWidget *parent) : QMainWindow(parent), m_mdiArea(new QMdiArea(
     setWindowTitle(appTitle());
     m_mdiArea->setObjectName(QStringLiteral("MDIClient"));
     setCentralWidget(m_mdiArea);
-    setWindowTitle(QStringLiteral("%1 v%2.%3").arg(appTitle()).arg(versionMajor()).arg(versionMinor()));
     setUpMainWindow(*this);
 }
 
