@@ -6,6 +6,8 @@
 #include "shell/core/Settings.h"
 #include "shell/core/WindowPlacement.h"
 #include "shell/ui/MainWindowSetup.h"
+#include "workspace/ui/FileBrowser.h"
+#include "workspace/ui/WorkspaceCommands.h"
 
 #include <QAction>
 #include <QMdiArea>
@@ -21,6 +23,8 @@ frmMain::frmMain(QWidget *parent) : QMainWindow(parent), m_mdiArea(new QMdiArea(
     m_mdiArea->setObjectName(QStringLiteral("MDIClient"));
     setCentralWidget(m_mdiArea);
     setUpMainWindow(*this);
+    WorkspaceCommands::install(*this);
+    FileBrowser::install(*this);
 }
 
 QAction *frmMain::action(const QString &name) const { return findChild<QAction *>(name); }
