@@ -25,9 +25,14 @@ frmMain::frmMain(QWidget *parent) : QMainWindow(parent), m_mdiArea(new QMdiArea(
     setUpMainWindow(*this);
     WorkspaceCommands::install(*this);
     FileBrowser::install(*this);
+    setLoadStep(LoadStep::FileBrowserFolder,
+                [this] { FileBrowser::of(*this)->showFolder(QStringLiteral("/")); });
 }
 
-QAction *frmMain::action(const QString &name) const { return findChild<QAction *>(name); }
+QAction *frmMain::action(const QString &name) const
+{
+    return findChild<QAction *>(name);
+}
 
 void frmMain::LoadDocument(const QString &path)
 {
