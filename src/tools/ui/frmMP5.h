@@ -1,0 +1,19 @@
+#pragma once
+
+#include "tools/ui/WizardPage.h"
+
+namespace tessaro {
+
+// The wizard's closing page.
+class frmMP5 : public WizardPage
+{
+    Q_OBJECT
+public:
+    frmMP5();
+
+    void cmdBack_Click();
+    // The "Finish" button.
+    void cmdCancel_Click();
+};
+
+} // namespace tessaro
