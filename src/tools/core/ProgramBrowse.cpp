@@ -12,6 +12,9 @@ FileDialogRequest request(const QString &title)
     return r;
 }
 
-QString choose(const QString &title) { return showFileDialog(request(title)); }
+QString choose(const QString &title)
+{
+    return showFileDialog(request(title));
+}
 
 } // namespace tessaro::programbrowse

@@ -6,16 +6,23 @@
 
 namespace tessaro::wizard {
 
-int nextPage(int page) { return page >= firstPage && page < lastPage ? page + 1 : 0; }
+int nextPage(int page)
+{
+    return page >= firstPage && page < lastPage ? page + 1 : 0;
+}
 
-int backPage(int page) { return page > firstPage && page <= lastPage ? page - 1 : 0; }
+int backPage(int page)
+{
+    return page > firstPage && page <= lastPage ? page - 1 : 0;
+}
 
 QString checklistText()
 {
     const QStringList lines = {
-        QStringLiteral("Welcome to the Tessaro Mod Publishing Wizard, this wizard will take you step "
-                       "by step in packing up your mod and launching and publicizing it on the "
-                       "internet, by now, you should already have done:"),
+        QStringLiteral(
+            "Welcome to the Tessaro Mod Publishing Wizard, this wizard will take you step "
+            "by step in packing up your mod and launching and publicizing it on the "
+            "internet, by now, you should already have done:"),
         QStringLiteral("> Your coded mod and all the other parts of your mod compressed using zip "
                        "or any other method of compression"),
         QStringLiteral("> A readme.txt to go along with your mod"),
@@ -70,19 +77,34 @@ ToolPage toolPage(int page)
 {
     switch (page) {
     case 2:
-        return {2, QStringLiteral("txtWeb"), QStringLiteral("webPath"),
-                QStringLiteral("Web Browser"), programbrowse::webTitle, &ToolSettings::webPath};
+        return {2,
+                QStringLiteral("txtWeb"),
+                QStringLiteral("webPath"),
+                QStringLiteral("Web Browser"),
+                programbrowse::webTitle,
+                &ToolSettings::webPath};
     case 3:
-        return {3, QStringLiteral("txtFTP"), QStringLiteral("ftpPath"),
-                QStringLiteral("FTP Client"), programbrowse::ftpTitle, &ToolSettings::ftpPath};
+        return {3,
+                QStringLiteral("txtFTP"),
+                QStringLiteral("ftpPath"),
+                QStringLiteral("FTP Client"),
+                programbrowse::ftpTitle,
+                &ToolSettings::ftpPath};
     case 4:
-        return {4, QStringLiteral("txtEma"), QStringLiteral("emaPath"),
-                QStringLiteral("Email Client"), programbrowse::emailTitle, &ToolSettings::emaPath};
+        return {4,
+                QStringLiteral("txtEma"),
+                QStringLiteral("emaPath"),
+                QStringLiteral("Email Client"),
+                programbrowse::emailTitle,
+                &ToolSettings::emaPath};
     default: return {};
     }
 }
 
-bool isToolPage(int page) { return page >= 2 && page <= 4; }
+bool isToolPage(int page)
+{
+    return page >= 2 && page <= 4;
+}
 
 void keepPathOnUnload(QString &setting, const QString &boxText)
 {

@@ -40,10 +40,10 @@ PageTexts pageTexts(int page);
 struct ToolPage
 {
     int page = 0;
-    QString boxName;      // the path box's name
-    QString settingKey;   // the setting it edits
-    QString toolLabel;    // Label3
-    QString browseTitle;  // the open-file dialog's title
+    QString boxName;     // the path box's name
+    QString settingKey;  // the setting it edits
+    QString toolLabel;   // Label3
+    QString browseTitle; // the open-file dialog's title
     QString ToolSettings::*setting = nullptr;
 };
 // The tool page description of page 2, 3 or 4.

@@ -59,6 +59,9 @@ void forgetPage(WizardPage *page)
     }
 }
 
-void open() { showPage(firstPage); }
+void open()
+{
+    showPage(firstPage);
+}
 
 } // namespace tessaro::wizard

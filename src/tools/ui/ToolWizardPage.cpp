@@ -34,13 +34,16 @@ ToolWizardPage::ToolWizardPage(int number)
     next->setDefault(true);
     connect(browse, &QPushButton::clicked, this, &ToolWizardPage::cmdBrowse_Click);
     connect(exec, &QPushButton::clicked, this, &ToolWizardPage::cmdExec_Click);
-    connect(back, &QPushButton::clicked, this, &ToolWizardPage::cmdBack_Click);
-    connect(next, &QPushButton::clicked, this, &ToolWizardPage::cmdNext_Click);
-    connect(cancel, &QPushButton::clicked, this, &ToolWizardPage::cmdCancel_Click);
+    connect(back, &QPushButton::clicked, this, &WizardPage::cmdBack_Click);
+    connect(next, &QPushButton::clicked, this, &WizardPage::cmdNext_Click);
+    connect(cancel, &QPushButton::clicked, this, &WizardPage::cmdCancel_Click);
     Form_Load();
 }
 
-void ToolWizardPage::Form_Load() { m_pathBox->setText(app().tools.*m_tool.setting); }
+void ToolWizardPage::Form_Load()
+{
+    m_pathBox->setText(app().tools.*m_tool.setting);
+}
 
 void ToolWizardPage::Form_Unload()
 {
@@ -62,21 +65,6 @@ void ToolWizardPage::cmdExec_Click()
         Shell(m_pathBox->text(), 1);
         unload();
     });
-}
-
-void ToolWizardPage::cmdBack_Click()
-{
-    untrapped([this] { moveToPage(wizard::backPage(pageNumber())); });
-}
-
-void ToolWizardPage::cmdNext_Click()
-{
-    untrapped([this] { moveToPage(wizard::nextPage(pageNumber())); });
-}
-
-void ToolWizardPage::cmdCancel_Click()
-{
-    untrapped([this] { unload(); });
 }
 
 } // namespace tessaro

@@ -19,9 +19,6 @@ public:
     // Nothing with an empty box; otherwise shows the next page, starts the program
     // without arguments and unloads this page.
     void cmdExec_Click();
-    void cmdBack_Click();
-    void cmdNext_Click();
-    void cmdCancel_Click();
 
 protected:
     explicit ToolWizardPage(int number);

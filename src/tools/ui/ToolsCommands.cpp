@@ -21,8 +21,14 @@ void ToolsCommands::install(frmMain &main)
         QObject::connect(upload, &QAction::triggered, window, [] { mnuBuildUpload_Click(); });
 }
 
-void ToolsCommands::mnuToolsOptions_Click(QWidget *main) { frmOptions::showModal(main); }
+void ToolsCommands::mnuToolsOptions_Click(QWidget *main)
+{
+    frmOptions::showModal(main);
+}
 
-void ToolsCommands::mnuBuildUpload_Click() { wizard::open(); }
+void ToolsCommands::mnuBuildUpload_Click()
+{
+    wizard::open();
+}
 
 } // namespace tessaro

@@ -6,7 +6,10 @@
 
 namespace tessaro::twipsgeometry {
 
-double twipsPerPixel(const QWidget *widget) { return twips::perPixel(widget->logicalDpiX()); }
+double twipsPerPixel(const QWidget *widget)
+{
+    return twips::perPixel(widget->logicalDpiX());
+}
 
 void place(QWidget *widget, double left, double top, double width, double height)
 {
@@ -20,6 +23,9 @@ void setLeft(QWidget *widget, double left)
     widget->move(twips::toPixels(left, twipsPerPixel(widget)), widget->y());
 }
 
-double left(const QWidget *widget) { return twips::fromPixels(widget->x(), twipsPerPixel(widget)); }
+double left(const QWidget *widget)
+{
+    return twips::fromPixels(widget->x(), twipsPerPixel(widget));
+}
 
 } // namespace tessaro::twipsgeometry

@@ -1,5 +1,6 @@
 #include "tools/ui/WizardPage.h"
 
+#include "platform/core/ErrorTraps.h"
 #include "tools/core/WizardPages.h"
 #include "tools/ui/PublishingWizard.h"
 #include "tools/ui/TwipsGeometry.h"
@@ -81,7 +82,25 @@ void WizardPage::moveToPage(int target)
     unload();
 }
 
-void WizardPage::unload() { close(); }
+void WizardPage::unload()
+{
+    close();
+}
+
+void WizardPage::cmdNext_Click()
+{
+    untrapped([this] { moveToPage(wizard::nextPage(m_number)); });
+}
+
+void WizardPage::cmdBack_Click()
+{
+    untrapped([this] { moveToPage(wizard::backPage(m_number)); });
+}
+
+void WizardPage::cmdCancel_Click()
+{
+    untrapped([this] { unload(); });
+}
 
 void WizardPage::closeEvent(QCloseEvent *event)
 {

@@ -24,6 +24,12 @@ public:
     // Unloads the page (Unload Me).
     void unload();
 
+    // The page buttons: Next and Back move to the neighbouring page (a page without
+    // one has no such button), Cancel (on the last page "Finish") closes the wizard.
+    void cmdNext_Click();
+    void cmdBack_Click();
+    void cmdCancel_Click();
+
 protected:
     explicit WizardPage(int number);
 
@@ -37,8 +43,8 @@ protected:
 
     // The page's heading, Label1, in bold.
     QLabel *addTitle(const QString &text);
-    QLabel *addLabel(const char *name, const QString &text, double left, double top,
-                     double width, double height);
+    QLabel *addLabel(const char *name, const QString &text, double left, double top, double width,
+                     double height);
     QPushButton *addButton(const char *name, const QString &caption, double left, double top,
                            double width, double height);
 

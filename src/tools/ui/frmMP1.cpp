@@ -1,6 +1,5 @@
 #include "tools/ui/frmMP1.h"
 
-#include "platform/core/ErrorTraps.h"
 #include "tools/core/WizardPages.h"
 
 #include <QLabel>
@@ -16,21 +15,14 @@ frmMP1::frmMP1() : WizardPage(1)
     auto *cancel = addButton("cmdCancel", QStringLiteral("Cancel"), cancelLeft, buttonTop,
                              buttonWidth, buttonHeight);
     next->setDefault(true);
-    connect(next, &QPushButton::clicked, this, &frmMP1::cmdNext_Click);
-    connect(cancel, &QPushButton::clicked, this, &frmMP1::cmdCancel_Click);
+    connect(next, &QPushButton::clicked, this, &WizardPage::cmdNext_Click);
+    connect(cancel, &QPushButton::clicked, this, &WizardPage::cmdCancel_Click);
     Form_Load();
 }
 
-void frmMP1::Form_Load() { m_label1->setText(wizard::checklistText()); }
-
-void frmMP1::cmdNext_Click()
+void frmMP1::Form_Load()
 {
-    untrapped([this] { moveToPage(wizard::nextPage(pageNumber())); });
-}
-
-void frmMP1::cmdCancel_Click()
-{
-    untrapped([this] { unload(); });
+    m_label1->setText(wizard::checklistText());
 }
 
 } // namespace tessaro

@@ -11,9 +11,6 @@ class frmMP1 : public WizardPage
 public:
     frmMP1();
 
-    void cmdNext_Click();
-    void cmdCancel_Click();
-
 private:
     void Form_Load();
 

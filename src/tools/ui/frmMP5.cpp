@@ -1,6 +1,5 @@
 #include "tools/ui/frmMP5.h"
 
-#include "platform/core/ErrorTraps.h"
 #include "tools/core/WizardPages.h"
 
 #include <QLabel>
@@ -18,18 +17,8 @@ frmMP5::frmMP5() : WizardPage(5)
     auto *finish = addButton("cmdCancel", QStringLiteral("Finish"), cancelLeft, buttonTop,
                              buttonWidth, buttonHeight);
     finish->setDefault(true);
-    connect(back, &QPushButton::clicked, this, &frmMP5::cmdBack_Click);
-    connect(finish, &QPushButton::clicked, this, &frmMP5::cmdCancel_Click);
-}
-
-void frmMP5::cmdBack_Click()
-{
-    untrapped([this] { moveToPage(wizard::backPage(pageNumber())); });
-}
-
-void frmMP5::cmdCancel_Click()
-{
-    untrapped([this] { unload(); });
+    connect(back, &QPushButton::clicked, this, &WizardPage::cmdBack_Click);
+    connect(finish, &QPushButton::clicked, this, &WizardPage::cmdCancel_Click);
 }
 
 } // namespace tessaro

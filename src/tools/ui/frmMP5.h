@@ -10,10 +10,6 @@ class frmMP5 : public WizardPage
     Q_OBJECT
 public:
     frmMP5();
-
-    void cmdBack_Click();
-    // The "Finish" button.
-    void cmdCancel_Click();
 };
 
 } // namespace tessaro

@@ -18,8 +18,7 @@ namespace {
 
 namespace tg = twipsgeometry;
 
-template <typename W>
-W *named(W *widget, const char *name)
+template <typename W> W *named(W *widget, const char *name)
 {
     widget->setObjectName(QLatin1String(name));
     return widget;
@@ -124,7 +123,10 @@ void frmOptions::showModal(QWidget *owner)
     dialog.exec();
 }
 
-QString frmOptions::pageName(int index) { return QStringLiteral("picOptions_%1").arg(index); }
+QString frmOptions::pageName(int index)
+{
+    return QStringLiteral("picOptions_%1").arg(index);
+}
 
 QWidget *frmOptions::picOptions(int index) const
 {
@@ -147,7 +149,10 @@ void frmOptions::copyBoxesToSettings()
     tools.emaPath = m_txtEmail->text();
 }
 
-void frmOptions::cmdApply_Click() { copyBoxesToSettings(); }
+void frmOptions::cmdApply_Click()
+{
+    copyBoxesToSettings();
+}
 
 void frmOptions::cmdOK_Click()
 {
@@ -155,7 +160,10 @@ void frmOptions::cmdOK_Click()
     accept();
 }
 
-void frmOptions::cmdCancel_Click() { reject(); }
+void frmOptions::cmdCancel_Click()
+{
+    reject();
+}
 
 void frmOptions::browseInto(QLineEdit *box, const QString &title)
 {
@@ -164,9 +172,18 @@ void frmOptions::browseInto(QLineEdit *box, const QString &title)
         box->setText(chosen);
 }
 
-void frmOptions::cmdBrowse_Click() { browseInto(m_txtftppath, programbrowse::ftpTitle); }
-void frmOptions::cmdWBro_Click() { browseInto(m_txtWeb, programbrowse::webTitle); }
-void frmOptions::cmdEBro_Click() { browseInto(m_txtEmail, programbrowse::emailTitle); }
+void frmOptions::cmdBrowse_Click()
+{
+    browseInto(m_txtftppath, programbrowse::ftpTitle);
+}
+void frmOptions::cmdWBro_Click()
+{
+    browseInto(m_txtWeb, programbrowse::webTitle);
+}
+void frmOptions::cmdEBro_Click()
+{
+    browseInto(m_txtEmail, programbrowse::emailTitle);
+}
 
 void frmOptions::tbsOptions_Click()
 {
@@ -185,8 +202,8 @@ bool frmOptions::Form_KeyDown(int key, Qt::KeyboardModifiers modifiers)
                                               shift, modifiers.testFlag(Qt::AltModifier));
     if (step == optionstabs::TabStep::None)
         return false;
-    const int selected = optionstabs::steppedTab(m_tbsOptions->currentIndex() + 1,
-                                                 m_tbsOptions->count(), step);
+    const int selected =
+        optionstabs::steppedTab(m_tbsOptions->currentIndex() + 1, m_tbsOptions->count(), step);
     m_tbsOptions->setCurrentIndex(selected - 1);
     return true;
 }

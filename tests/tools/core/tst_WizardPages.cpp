@@ -33,10 +33,11 @@ private Q_SLOTS:
     {
         const QStringList lines = wizard::checklistText().split(QStringLiteral("\r\n"));
         QCOMPARE(lines.size(), 5);
-        QCOMPARE(lines[0], QStringLiteral(
-            "Welcome to the Tessaro Mod Publishing Wizard, this wizard will take you step by step "
-            "in packing up your mod and launching and publicizing it on the internet, by now, you "
-            "should already have done:"));
+        QCOMPARE(lines[0], QStringLiteral("Welcome to the Tessaro Mod Publishing Wizard, this "
+                                          "wizard will take you step by step "
+                                          "in packing up your mod and launching and publicizing it "
+                                          "on the internet, by now, you "
+                                          "should already have done:"));
         QCOMPARE(lines[1], QStringLiteral("> Your coded mod and all the other parts of your mod "
                                           "compressed using zip or any other method of "
                                           "compression"));

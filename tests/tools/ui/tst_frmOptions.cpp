@@ -18,14 +18,20 @@ using namespace tessaro;
 
 namespace {
 
-QLineEdit *box(const QWidget &w, const char *name) { return w.findChild<QLineEdit *>(name); }
+QLineEdit *box(const QWidget &w, const char *name)
+{
+    return w.findChild<QLineEdit *>(name);
+}
 QPushButton *button(const QWidget &w, const char *name)
 {
     return w.findChild<QPushButton *>(name);
 }
 
 // The left edge of a page, in pixels, for a left given in twips (15 to a pixel here).
-int pixels(double twipsValue) { return twips::toPixels(twipsValue, 15.0); }
+int pixels(double twipsValue)
+{
+    return twips::toPixels(twipsValue, 15.0);
+}
 
 void setPaths(const QString &ftp, const QString &web, const QString &email)
 {
@@ -288,8 +294,7 @@ private Q_SLOTS:
         auto *tabs = dialog.findChild<QTabBar *>(QStringLiteral("tbsOptions"));
         QTest::keyClick(box(dialog, "txtWeb"), Qt::Key_Tab);
         QTest::keyClick(box(dialog, "txtWeb"), Qt::Key_Backtab, Qt::ShiftModifier);
-        QTest::keyClick(box(dialog, "txtWeb"), Qt::Key_Tab,
-                        Qt::ControlModifier | Qt::AltModifier);
+        QTest::keyClick(box(dialog, "txtWeb"), Qt::Key_Tab, Qt::ControlModifier | Qt::AltModifier);
         QCOMPARE(tabs->currentIndex(), 0);
         QVERIFY(!dialog.Form_KeyDown(Qt::Key_A, Qt::ControlModifier));
     }
