@@ -299,7 +299,7 @@ private Q_SLOTS:
         QVERIFY(!dialog.Form_KeyDown(Qt::Key_A, Qt::ControlModifier));
     }
 
-    void toolsOptionsShowsTheDialogModallyOwnedByTheMainWindow()
+    void showingModallyOwnedByAWindowLoadsAndUnloadsTheDialog()
     {
         frmMain main;
         main.show();
