@@ -402,6 +402,8 @@ private Q_SLOTS:
         QTest::newRow("missing file") << "missing";
         QTest::newRow("folder") << "folder";
         QTest::newRow("not executable") << "plain";
+        QTest::newRow("huge path") << "huge";
+        QTest::newRow("control characters") << "control";
     }
 
     void executeWithAPathThatCannotBeStartedEndsTheProgram()
@@ -411,6 +413,10 @@ private Q_SLOTS:
         QString path = dir.filePath(QStringLiteral("no-such-client"));
         if (kind == QLatin1String("folder")) {
             path = dir.path();
+        } else if (kind == QLatin1String("huge")) {
+            path = QLatin1Char('/') + QString(100000, QLatin1Char('x'));
+        } else if (kind == QLatin1String("control")) {
+            path = dir.filePath(QStringLiteral("bad\nname\x01\t"));
         } else if (kind == QLatin1String("plain")) {
             QFile file(path);
             QVERIFY(file.open(QIODevice::WriteOnly));
