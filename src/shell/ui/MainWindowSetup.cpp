@@ -1,5 +1,6 @@
 #include "shell/ui/MainWindowSetup.h"
 
+#include "build/ui/BuildCommands.h"
 #include "shell/core/MenuTable.h"
 #include "shell/ui/LeftPane.h"
 #include "shell/ui/MainCommands.h"
@@ -34,6 +35,9 @@ void setUpMainWindow(frmMain &frame)
     new MainSplitter(frame, *panes->Picture1());
     new MainTimer(frame, *panes->Picture1(), *statusBar);
     new MainCommands(frame, *panes, *statusBar);
+
+    // Each subsystem connects its own commands to the menu and toolbar actions.
+    BuildCommands::install(frame);
 }
 
 } // namespace tessaro
