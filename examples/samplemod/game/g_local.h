@@ -9,20 +9,18 @@
 #define MAX_GENTITIES 256
 #define FRAMETIME 100
 
-typedef struct gentity_s gentity_t;
-
 /* One entity of the world: a player, an item or a mover. */
-struct gentity_s {
+typedef struct gentity_s {
     const char *classname;
     qboolean inuse;
     orientation_t pos;
     bounds_t bounds;
     int health;
     int nextthink;
-    void (*think)(gentity_t *self);
+    void (*think)(struct gentity_s *self);
     const gitem_t *item;
     playerState_t *client;
-};
+} gentity_t;
 
 /* The state of the running level. */
 typedef struct level_locals_s {

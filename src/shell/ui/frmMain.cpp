@@ -4,6 +4,8 @@
 #include "platform/core/ErrorTraps.h"
 #include "platform/core/TextFile.h"
 #include "shell/ui/MainWindowSetup.h"
+#include "workspace/ui/FileBrowser.h"
+#include "workspace/ui/WorkspaceCommands.h"
 
 #include <QAction>
 #include <QMdiArea>
@@ -20,6 +22,8 @@ frmMain::frmMain(QWidget *parent) : QMainWindow(parent), m_mdiArea(new QMdiArea(
     setCentralWidget(m_mdiArea);
     setWindowTitle(QStringLiteral("%1 v%2.%3").arg(appTitle()).arg(versionMajor()).arg(versionMinor()));
     setUpMainWindow(*this);
+    WorkspaceCommands::install(*this);
+    FileBrowser::install(*this);
 }
 
 QAction *frmMain::action(const QString &name) const { return findChild<QAction *>(name); }
