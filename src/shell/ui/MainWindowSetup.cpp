@@ -11,6 +11,7 @@
 #include "shell/ui/MainTimer.h"
 #include "shell/ui/MainToolbar.h"
 #include "shell/ui/frmMain.h"
+#include "tools/ui/ToolsCommands.h"
 
 #include <QMenu>
 #include <QMenuBar>
@@ -38,6 +39,7 @@ void setUpMainWindow(frmMain &frame)
 
     // Each subsystem connects its own commands to the menu and toolbar actions.
     BuildCommands::install(frame);
+    ToolsCommands::install(frame);
 }
 
 } // namespace tessaro
