@@ -179,7 +179,8 @@ public:
     Q_INVOKABLE void UncommentBlock();
     Q_INVOKABLE void Indent();
     Q_INVOKABLE void Outdent();
-    // Inserts a block of code at the caret (replacing the selection when asked);
+    // Inserts a block of code in place of the selection, or in front of it when the
+    // selection is to stay;
     // with bIndent every line after the first gets the caret line's indent.
     Q_INVOKABLE void InsertBlock(const QString &strCode, bool bReplaceSelection = true,
                                  bool bIndent = true);

@@ -13,6 +13,9 @@ void srcText::setMode(int New_Mode)
 {
     m_mode = New_Mode;
     loadWordLists(New_Mode);
+    ScanRequest request = m_colouring->request();
+    request.mode = New_Mode;
+    m_colouring->setRequest(request);
 }
 
 // A word list of the program's folder as one text; a missing list is empty.
@@ -67,7 +70,6 @@ void srcText::ColorizeWordsHTML() { startRun(true); }
 void srcText::startRun(bool html)
 {
     ScanRequest request = m_colouring->request();
-    request.mode = m_mode;
     request.ignoreVBHeader = m_ignoreVBHeader;
     m_colouring->setRequest(request);
     m_rtfTemp->setDefaultFont(font());

@@ -125,7 +125,7 @@ void srcText::InsertBlock(const QString &strCode, bool bReplaceSelection, bool b
         return;
     QTextCursor cursor = m_rtfMain->textCursor();
     if (!bReplaceSelection)
-        cursor.clearSelection();
+        cursor.setPosition(cursor.selectionStart()); // in front of the selected text
     const QString indent =
         bIndent ? blockedit::GetIndent(cursor.document()->findBlock(cursor.selectionStart()).text())
                 : QString();
