@@ -51,6 +51,11 @@ public:
     // receives the list's characters from just after the opening "*", as many as the
     // word has.
     bool find(const QString &word, QString *spelling = nullptr) const;
+    bool find(QStringView word, QString *spelling = nullptr) const;
+    // The same look-up, giving the position in text() of the spelling's first
+    // character, or -1 when the word is not in the list.
+    qsizetype spellingPosition(QStringView word) const;
+    bool isEmpty() const;
 
 private:
     struct Data;
@@ -97,6 +102,8 @@ public:
 
     // The stretches found so far, in scan order.
     const std::vector<ColourStretch> &stretches() const;
+    // Hands the stretches over once the scan has ended (leaves none behind).
+    std::vector<ColourStretch> takeStretches();
 
 private:
     struct State;

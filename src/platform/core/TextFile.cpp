@@ -25,7 +25,8 @@ QByteArray readBytes(const QString &path)
 
 QString read(const QString &path) { return fromBytes(readBytes(path)); }
 
-void writeBytes(const QString &path, const QByteArray &bytes)
+void writeBytes(const QString &path, const QByteArray &bytes,
+                std::optional<QFileDevice::Permissions> permissions)
 {
     if (path.isEmpty())
         throw RuntimeError(RuntimeError::BadFileNameOrNumber);
@@ -35,7 +36,12 @@ void writeBytes(const QString &path, const QByteArray &bytes)
     if (info.isDir())
         throw RuntimeError(RuntimeError::PathFileAccessError);
     QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit())
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
+        throw RuntimeError(RuntimeError::PathFileAccessError);
+    // Set on the temporary file, so the rename brings content and mode together.
+    if (permissions && !file.setPermissions(*permissions))
+        throw RuntimeError(RuntimeError::PathFileAccessError);
+    if (!file.commit())
         throw RuntimeError(RuntimeError::PathFileAccessError);
 }
 

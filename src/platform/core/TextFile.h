@@ -1,7 +1,10 @@
 #pragma once
 
 #include <QByteArray>
+#include <QFileDevice>
 #include <QString>
+
+#include <optional>
 
 namespace tessaro {
 
@@ -17,8 +20,10 @@ QString read(const QString &path);
 
 // Replaces the file atomically with the bytes: a crash or a full disk never leaves
 // half a file. Raises 76 "Path not found" when the folder does not exist, 75 when the
-// file cannot be written.
-void writeBytes(const QString &path, const QByteArray &bytes);
+// file cannot be written. When permissions are given, the new file gets them (an
+// executable script is never seen without its mode).
+void writeBytes(const QString &path, const QByteArray &bytes,
+                std::optional<QFileDevice::Permissions> permissions = std::nullopt);
 // Writes 8-bit text; characters above 255 are written as "?".
 void write(const QString &path, const QString &text);
 

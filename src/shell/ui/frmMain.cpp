@@ -3,6 +3,9 @@
 #include "platform/core/AppInfo.h"
 #include "platform/core/ErrorTraps.h"
 #include "platform/core/TextFile.h"
+#include "shell/ui/MainWindowSetup.h"
+#include "workspace/ui/FileBrowser.h"
+#include "workspace/ui/WorkspaceCommands.h"
 
 #include <QAction>
 #include <QMdiArea>
@@ -18,6 +21,9 @@ frmMain::frmMain(QWidget *parent) : QMainWindow(parent), m_mdiArea(new QMdiArea(
     m_mdiArea->setObjectName(QStringLiteral("MDIClient"));
     setCentralWidget(m_mdiArea);
     setWindowTitle(QStringLiteral("%1 v%2.%3").arg(appTitle()).arg(versionMajor()).arg(versionMinor()));
+    setUpMainWindow(*this);
+    WorkspaceCommands::install(*this);
+    FileBrowser::install(*this);
 }
 
 QAction *frmMain::action(const QString &name) const { return findChild<QAction *>(name); }

@@ -35,7 +35,8 @@ const FixedList<QString> &WorkspaceState::list(Group group) const
 
 void WorkspaceState::resetCounts()
 {
-    for (Group g : {Group::Source, Group::UI, Group::CGame, Group::Game, Group::Resources, Group::Headers})
+    for (Group g :
+         {Group::Source, Group::UI, Group::CGame, Group::Game, Group::Resources, Group::Headers})
         list(g).setCount(0);
 }
 

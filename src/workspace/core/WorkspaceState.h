@@ -12,9 +12,9 @@ enum class Group { Source, UI, CGame, Game, Resources, Headers };
 struct GroupInfo
 {
     Group group;
-    const char *tag;       // "SOUR=" ...
-    const char *nodeText;  // tree node text; nullptr for Source (no group node)
-    const char *nodeKey;   // tree node key; nullptr for Source
+    const char *tag;      // "SOUR=" ...
+    const char *nodeText; // tree node text; nullptr for Source (no group node)
+    const char *nodeKey;  // tree node key; nullptr for Source
     int capacity;
 };
 
@@ -26,8 +26,8 @@ const GroupInfo &groupInfo(Group group);
 // moment a command is chosen.
 struct WorkspaceState
 {
-    bool open = false;           // WorkspaceOpen
-    QString path;                // WorkspacePath, "" when none is open
+    bool open = false; // WorkspaceOpen
+    QString path;      // WorkspacePath, "" when none is open
     FixedList<QString> source{51};
     FixedList<QString> ui{51};
     FixedList<QString> cgame{51};

@@ -1,0 +1,4 @@
+code
+
+equ trap_Print                 -1
+equ trap_Milliseconds          -2

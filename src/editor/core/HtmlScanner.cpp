@@ -1,0 +1,96 @@
+#include "editor/core/HtmlScanner.h"
+
+#include "editor/core/CScanner.h"
+
+namespace tessaro {
+
+HtmlScanner::HtmlScanner(const ScanRequest &request, std::vector<ColourStretch> &out,
+                         qsizetype begin, qsizetype end)
+    : WordScanner(request, out, begin, end)
+{
+}
+
+HtmlScanner::~HtmlScanner() = default;
+
+void HtmlScanner::markup(StretchKind kind, qsizetype start, qsizetype stop)
+{
+    if (stop > start)
+        m_out.push_back(
+            ColourStretch{start, stop - start, kind, m_range.mid(start, stop - start).toString()});
+}
+
+qsizetype HtmlScanner::tag(qsizetype at, bool *opensScript)
+{
+    const char16_t *p = m_chars;
+    const qsizetype end = m_end;
+    qsizetype i = at + 1;
+    // The element's name: up to a blank, a line break, "=", ">" or the end.
+    const qsizetype nameStart = i;
+    while (i < end && !isSeparator(p[i]) && p[i] != u'>' && p[i] != u'=')
+        ++i;
+    *opensScript =
+        m_range.mid(nameStart, i - nameStart).compare(u"script", Qt::CaseInsensitive) == 0;
+
+    qsizetype markStart = at;
+    while (i < end && p[i] != u'>') {
+        if (p[i] != u'=') {
+            ++i;
+            continue;
+        }
+        ++i;
+        markup(StretchKind::Keyword, markStart, i);
+        const qsizetype valueStart = i;
+        if (i < end && (p[i] == u'\'' || p[i] == u'"')) {
+            const qsizetype close = find(p[i], i + 1);
+            i = close < 0 ? end : close + 1;
+        } else {
+            while (i < end && !isSeparator(p[i]) && p[i] != u'>')
+                ++i;
+        }
+        markup(StretchKind::Text, valueStart, i);
+        markStart = i;
+    }
+    if (i < end)
+        ++i; // the ">"
+    markup(StretchKind::Keyword, markStart, i);
+    return i;
+}
+
+void HtmlScanner::scan(qsizetype until)
+{
+    const char16_t *p = m_chars;
+    const qsizetype end = m_end;
+    const qsizetype limit = qMin(until, end);
+    qsizetype i = m_pos;
+    while (i < limit) {
+        if (m_script) {
+            m_script->scan(until);
+            i = m_script->position();
+            if (!m_script->atEnd())
+                break;
+            m_script.reset();
+            continue;
+        }
+        if (p[i] != u'<') {
+            const qsizetype next = find(u'<', i);
+            i = next < 0 ? end : next;
+            continue;
+        }
+        if (m_range.mid(i + 1, 3) == u"!--") {
+            const qsizetype close = find(u"-->", i + 4);
+            const qsizetype stop = close < 0 ? end : close + 3;
+            addComment(i, stop);
+            i = stop;
+            continue;
+        }
+        bool opensScript = false;
+        i = tag(i, &opensScript);
+        if (opensScript) {
+            const qsizetype close = find(u"</script>", i, Qt::CaseInsensitive);
+            m_script = std::make_unique<CScanner>(m_request, m_out, i, close < 0 ? end : close);
+        }
+    }
+    m_pos = qMin(i, end);
+}
+
+} // namespace tessaro

@@ -1,0 +1,46 @@
+#include "search/ui/DocumentFindTarget.h"
+
+#include "platform/core/RuntimeError.h"
+
+#include <QMetaObject>
+#include <QVariant>
+
+namespace tessaro::search {
+
+namespace {
+
+[[noreturn]] void notSupported()
+{
+    throw RuntimeError(438, QStringLiteral("Object doesn't support this property or method"),
+                       QStringLiteral("Tessaro"));
+}
+
+} // namespace
+
+QVariant DocumentFindTarget::property(const char *name) const
+{
+    const QVariant value = m_code ? m_code->property(name) : QVariant();
+    if (!value.isValid())
+        notSupported();
+    return value;
+}
+
+qint32 DocumentFindTarget::selStart() const
+{
+    return property("SelStart").toInt();
+}
+
+qint32 DocumentFindTarget::textLength() const
+{
+    return qint32(property("Text").toString().size());
+}
+
+void DocumentFindTarget::find(const QString &text, qint32 start, qint32 end)
+{
+    if (!m_code ||
+        !QMetaObject::invokeMethod(m_code.data(), "Find", Qt::DirectConnection,
+                                   Q_ARG(QString, text), Q_ARG(qint32, start), Q_ARG(qint32, end)))
+        notSupported();
+}
+
+} // namespace tessaro::search

@@ -1,0 +1,151 @@
+#include "search/ui/SearchCommands.h"
+
+#include "platform/core/ErrorTraps.h"
+#include "platform/core/MsgBox.h"
+#include "search/ui/ComboFindBox.h"
+#include "search/ui/DocumentFindTarget.h"
+#include "search/ui/frmFnF.h"
+#include "search/ui/frmOut.h"
+#include "shell/core/AppState.h"
+#include "shell/ui/frmMain.h"
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QComboBox>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+
+namespace tessaro::search {
+
+namespace {
+
+// The file browser's folder list, Dir1, keeps its folder in the Path property.
+QString browserFolderOf(const frmMain &main)
+{
+    const QObject *dir1 = main.findChild<QObject *>(QStringLiteral("Dir1"));
+    return dir1 ? dir1->property("Path").toString() : QString();
+}
+
+} // namespace
+
+SearchCommands *SearchCommands::install(frmMain &main)
+{
+    auto *commands = new SearchCommands(main);
+    if (auto *button = main.findChild<QAbstractButton *>(QStringLiteral("cmdFind")))
+        connect(button, &QAbstractButton::clicked, commands, &SearchCommands::cmdFind_Click);
+    if (QAction *again = main.action(QStringLiteral("mnuEditFA")))
+        connect(again, &QAction::triggered, commands, &SearchCommands::mnuEditFA_Click);
+    if (QAction *inFiles = main.action(QStringLiteral("mnuEditFindnF")))
+        connect(inFiles, &QAction::triggered, commands, &SearchCommands::mnuEditFindnF_Click);
+    // The find box has no key handling of its own: Enter neither searches nor adds
+    // the text to the list.
+    if (QComboBox *box = commands->findBox())
+        box->setInsertPolicy(QComboBox::NoInsert);
+    return commands;
+}
+
+SearchCommands::SearchCommands(frmMain &main)
+    : QObject(&main), m_main(main), m_browserFolder([&main] { return browserFolderOf(main); })
+{
+    setObjectName(QStringLiteral("SearchCommands"));
+}
+
+void SearchCommands::setBrowserFolderSource(std::function<QString()> source)
+{
+    m_browserFolder = std::move(source);
+}
+
+frmFnF *SearchCommands::findInFilesDialog() const
+{
+    return m_findInFiles;
+}
+
+frmOut *SearchCommands::outputWindow() const
+{
+    return m_output;
+}
+
+QComboBox *SearchCommands::findBox() const
+{
+    return m_main.findChild<QComboBox *>(QStringLiteral("fndText"));
+}
+
+std::unique_ptr<FindTarget> SearchCommands::activeDocument() const
+{
+    QMdiSubWindow *child = m_main.mdiArea()->currentSubWindow();
+    QWidget *form = child ? child->widget() : nullptr;
+    if (!form || qobject_cast<frmOut *>(form) || qobject_cast<frmFnF *>(form))
+        return nullptr;
+    QObject *code = form->findChild<QObject *>(QStringLiteral("code"));
+    if (!code)
+        throw RuntimeError(438, QStringLiteral("Object doesn't support this property or method"),
+                           QStringLiteral("Tessaro"));
+    return std::make_unique<DocumentFindTarget>(*code);
+}
+
+void SearchCommands::cmdFind_Click()
+{
+    trapped([this] {
+        QComboBox *combo = findBox();
+        if (!combo)
+            return;
+        ComboFindBox box(*combo);
+        m_controller.find(box, activeDocument().get());
+    });
+}
+
+void SearchCommands::mnuEditFA_Click()
+{
+    trapped([this] {
+        QComboBox *combo = findBox();
+        if (!combo || m_controller.lastFindText().isEmpty())
+            return;
+        ComboFindBox box(*combo);
+        m_controller.findAgain(box, activeDocument().get());
+    });
+}
+
+void SearchCommands::mnuEditFindnF_Click()
+{
+    untrapped([this] {
+        if (!app().workspace.open) {
+            MsgBox(QStringLiteral("You'll need to open a workspace"), mb::OKOnly);
+            return;
+        }
+        m_query.folder = m_browserFolder() + QLatin1Char('/');
+        if (!m_findInFiles) {
+            m_findInFiles = new frmFnF;
+            connect(m_findInFiles, &frmFnF::findRequested, this, [this](const QString &text) {
+                m_query.text = text;
+                showOutputWindow();
+            });
+            addChild(m_findInFiles);
+        }
+        showChild(m_findInFiles);
+    });
+}
+
+void SearchCommands::showChild(QWidget *form)
+{
+    auto *child = qobject_cast<QMdiSubWindow *>(form->parentWidget());
+    child->show();
+    m_main.mdiArea()->setActiveSubWindow(child);
+}
+
+void SearchCommands::showOutputWindow()
+{
+    if (!m_output) {
+        m_output = new frmOut(m_query);
+        addChild(m_output);
+    }
+    showChild(m_output);
+}
+
+QMdiSubWindow *SearchCommands::addChild(QWidget *form)
+{
+    QMdiSubWindow *child = m_main.mdiArea()->addSubWindow(form);
+    child->setAttribute(Qt::WA_DeleteOnClose);
+    return child;
+}
+
+} // namespace tessaro::search

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "tools/core/cRegistry.h"
+
+namespace tessaro {
+
+// The program's own path for the associations: the folder, a "/" unless it already
+// ends in one, and the executable's name.
+QString associationProgramPath(const QString &programFolder,
+                               const QString &programName = QStringLiteral("tessaro"));
+
+// Registers the three file classes "C.Source" (".C"), "C.Header" (".H") and
+// "CPP.Source" (".CPP") for the program, with the verb "&Open" only. A failed write
+// under HKEY_LOCAL_MACHINE does not stop the per-user writes; it is reported by the
+// return value (false). A failed per-user write raises 26001.
+bool registerSourceFileClasses(cRegistry &registry, const QString &programPath);
+
+} // namespace tessaro
