@@ -8,6 +8,7 @@
 #include "tools/ui/frmMP5.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QFile>
 #include <QLabel>
 #include <QLineEdit>
@@ -68,7 +69,9 @@ void closeAllPages()
 // A stand-in program: records how many arguments it got into `marker`.
 QString writeStandIn(const QTemporaryDir &dir, const QString &marker)
 {
-    const QString path = dir.filePath(QStringLiteral("standin-tool"));
+    // Blanks in the folder and the name: the path is one program, never split.
+    QDir(dir.path()).mkdir(QStringLiteral("my tools"));
+    const QString path = dir.filePath(QStringLiteral("my tools/stand-in tool"));
     QFile file(path);
     if (!file.open(QIODevice::WriteOnly))
         return QString();
@@ -109,6 +112,17 @@ private Q_SLOTS:
         ToolsCommands::mnuBuildUpload_Click();
         QCOMPARE(wizard::loadedPage(1), first);
         QCOMPARE(loadedPages(), QList<int>{1});
+    }
+
+    void publishModWhileOnALaterPageOpensTheChecklistBesideIt()
+    {
+        wizard::showPage(3);
+        ToolsCommands::mnuBuildUpload_Click();
+        QCOMPARE(loadedPages(), (QList<int>{1, 3}));
+        // Moving on from the checklist to a page that is open reuses that window.
+        WizardPage *third = wizard::loadedPage(3);
+        wizard::showPage(2);
+        QCOMPARE(wizard::showPage(3), third);
     }
 
     void everyPageHasTheCaptionAndThePicture()
@@ -388,6 +402,8 @@ private Q_SLOTS:
         QTest::newRow("missing file") << "missing";
         QTest::newRow("folder") << "folder";
         QTest::newRow("not executable") << "plain";
+        QTest::newRow("huge path") << "huge";
+        QTest::newRow("control characters") << "control";
     }
 
     void executeWithAPathThatCannotBeStartedEndsTheProgram()
@@ -397,6 +413,10 @@ private Q_SLOTS:
         QString path = dir.filePath(QStringLiteral("no-such-client"));
         if (kind == QLatin1String("folder")) {
             path = dir.path();
+        } else if (kind == QLatin1String("huge")) {
+            path = QLatin1Char('/') + QString(100000, QLatin1Char('x'));
+        } else if (kind == QLatin1String("control")) {
+            path = dir.filePath(QStringLiteral("bad\nname\x01\t"));
         } else if (kind == QLatin1String("plain")) {
             QFile file(path);
             QVERIFY(file.open(QIODevice::WriteOnly));
