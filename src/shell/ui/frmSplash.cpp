@@ -65,6 +65,7 @@ frmSplash::frmSplash(std::function<void()> showMain, QWidget *parent)
 
     m_timer->setObjectName(QStringLiteral("Timer1"));
     m_timer->setInterval(1000);
+    m_timer->setTimerType(Qt::PreciseTimer); // a coarse timer may fire 5% early
     connect(m_timer, &QTimer::timeout, this, [this] { untrapped([this] { Timer1_Timer(); }); });
     m_timer->start();
     Form_Load();
