@@ -64,7 +64,14 @@ srcText::srcText(QWidget *parent) : QWidget(parent)
         m_tempCursor.setPosition(0);
         Q_EMIT ProgressComplete();
     });
-    connect(m_colouring.get(), &DocumentColourer::largeChange, this, [this] { startRun(false); });
+    connect(m_colouring.get(), &DocumentColourer::largeChange, this, [this] {
+        // A change too large for the typing path is coloured by a run of its own,
+        // which stays as quiet as the typing path.
+        const bool fromKeys = m_colouringFromKeys;
+        m_colouringFromKeys = !m_colouringFromPaste;
+        startRun(false);
+        m_colouringFromKeys = fromKeys;
+    });
 
     connect(m_rtfMain->document(), &QTextDocument::contentsChange, this,
             &srcText::onContentsChange);
@@ -218,6 +225,7 @@ void srcText::setDocumentText(const QString &text, const LineEnds *lineEnds)
     }
     // A new text is coloured by a full run (or not at all), not line by line.
     m_colouring->forgetChanges();
+    m_colouring->forgetUndoSteps();
     m_loading = false;
 }
 
@@ -257,6 +265,7 @@ void srcText::setText(const QString &New_Text)
     format.setForeground(classiccolour::toColor(m_colourText, palette()));
     m_rtfMain->setCurrentCharFormat(format);
     m_rtfMain->setPlainText(New_Text);
+    m_colouring->forgetUndoSteps();
 }
 
 qsizetype srcText::SelStart() const
@@ -484,9 +493,17 @@ bool srcText::CanPaste() const { return m_rtfMain->canPaste(); }
 
 bool srcText::CanCopy() const { return m_rtfMain->textCursor().hasSelection(); }
 
-void srcText::Undo() { m_rtfMain->undo(); }
+void srcText::Undo()
+{
+    m_colouring->undo();
+    m_rtfMain->ensureCursorVisible();
+}
 
-void srcText::Redo() { m_rtfMain->redo(); }
+void srcText::Redo()
+{
+    m_colouring->redo();
+    m_rtfMain->ensureCursorVisible();
+}
 
 int srcText::Find(const QString &bstrString, int vStart, int vEnd, int vOptions)
 {
