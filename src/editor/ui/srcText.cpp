@@ -78,9 +78,13 @@ srcText::srcText(QWidget *parent) : QWidget(parent)
     connect(m_rtfMain, &QPlainTextEdit::cursorPositionChanged, this,
             &srcText::emitSelChangeIfMoved);
     connect(m_rtfMain, &QPlainTextEdit::selectionChanged, this, &srcText::emitSelChangeIfMoved);
+    // The box scrolls itself with the scroll bars' signals blocked: its update
+    // requests tell of those scrolls.
     connect(m_rtfMain->horizontalScrollBar(), &QScrollBar::valueChanged, this,
-            &srcText::HScroll);
-    connect(m_rtfMain->verticalScrollBar(), &QScrollBar::valueChanged, this, &srcText::VScroll);
+            &srcText::emitScrollIfMoved);
+    connect(m_rtfMain->verticalScrollBar(), &QScrollBar::valueChanged, this,
+            &srcText::emitScrollIfMoved);
+    connect(m_rtfMain, &QPlainTextEdit::updateRequest, this, &srcText::emitScrollIfMoved);
 
     InitProperties();
 }
@@ -609,6 +613,20 @@ void srcText::flushTyping()
 {
     m_flushQueued = false;
     m_colouring->flush(m_rtfMain->textCursor().position());
+}
+
+void srcText::emitScrollIfMoved()
+{
+    const int h = m_rtfMain->horizontalScrollBar()->value();
+    const int v = m_rtfMain->verticalScrollBar()->value();
+    if (h != m_lastHScroll) {
+        m_lastHScroll = h;
+        Q_EMIT HScroll();
+    }
+    if (v != m_lastVScroll) {
+        m_lastVScroll = v;
+        Q_EMIT VScroll();
+    }
 }
 
 void srcText::emitSelChangeIfMoved()

@@ -281,6 +281,7 @@ private:
     void applyBackground();
     void onContentsChange(int from, int removed, int added);
     void emitSelChangeIfMoved();
+    void emitScrollIfMoved();
     void afterKey();
     void flushTyping();
     void startRun(bool html);
@@ -320,6 +321,8 @@ private:
     bool m_colouringFromKeys = false;
     bool m_colouringFromPaste = false;
     int m_viewMode = 0;
+    int m_lastHScroll = 0;
+    int m_lastVScroll = 0;
     qsizetype m_lastSelStart = -1;
     qsizetype m_lastSelLength = -1;
     struct CursorMemory
