@@ -34,6 +34,8 @@ class DocumentColourer;
 class srcText : public QWidget
 {
     Q_OBJECT
+    // Read by name by the main window's timer for the status bar's line panel.
+    Q_PROPERTY(int CurrentLine READ CurrentLine)
 public:
     // A control placed anew: the initial values of InitProperties (Mode 9).
     explicit srcText(QWidget *parent = nullptr);
