@@ -54,24 +54,36 @@ QString IniSettingsStore::filePath(const QString &application)
            QLatin1Char('/') + application + QLatin1Char('/') + application + QStringLiteral(".ini");
 }
 
+IniSettingsStore::IniSettingsStore() = default;
+
+IniSettingsStore::~IniSettingsStore() { flush(); }
+
+QSettings &IniSettingsStore::file(const QString &application)
+{
+    std::unique_ptr<QSettings> &settings = m_files[application];
+    if (!settings)
+        settings = std::make_unique<QSettings>(filePath(application), QSettings::IniFormat);
+    return *settings;
+}
+
 QString IniSettingsStore::getSetting(const QString &application, const QString &section,
                                      const QString &key, const QString &defaultValue)
 {
-    QSettings settings(filePath(application), QSettings::IniFormat);
-    settings.beginGroup(section);
-    if (!settings.contains(key))
-        return defaultValue;
-    return settings.value(key).toString();
+    QSettings &settings = file(application);
+    const QString name = section + QLatin1Char('/') + key;
+    return settings.contains(name) ? settings.value(name).toString() : defaultValue;
 }
 
 void IniSettingsStore::saveSetting(const QString &application, const QString &section,
                                    const QString &key, const QString &value)
 {
-    QSettings settings(filePath(application), QSettings::IniFormat);
-    settings.beginGroup(section);
-    settings.setValue(key, value);
-    settings.endGroup();
-    settings.sync();
+    file(application).setValue(section + QLatin1Char('/') + key, value);
+}
+
+void IniSettingsStore::flush()
+{
+    for (auto &entry : m_files)
+        entry.second->sync();
 }
 
 std::optional<QString> ToolSettings::value(const QString &key) const
@@ -136,6 +148,7 @@ void saveSettings(SettingsStore &store, const ToolSettings &tools,
         const QString name = QLatin1String(key);
         store.saveSetting(app, kSection, name, *tools.value(name));
     }
+    store.flush();
 }
 
 float toSingle(const QString &text)

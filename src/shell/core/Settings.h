@@ -1,7 +1,10 @@
 #pragma once
 
+#include <QSettings>
 #include <QString>
 
+#include <map>
+#include <memory>
 #include <optional>
 
 namespace tessaro {
@@ -15,6 +18,8 @@ public:
                                const QString &key, const QString &defaultValue) = 0;
     virtual void saveSetting(const QString &application, const QString &section, const QString &key,
                              const QString &value) = 0;
+    // Makes every saved value durable (a store may hold writes until then).
+    virtual void flush() {}
 };
 
 // The real store: $XDG_CONFIG_HOME/<application>/<application>.ini, one group per
@@ -22,11 +27,19 @@ public:
 class IniSettingsStore : public SettingsStore
 {
 public:
+    IniSettingsStore();
+    ~IniSettingsStore() override;
     QString getSetting(const QString &application, const QString &section, const QString &key,
                        const QString &defaultValue) override;
     void saveSetting(const QString &application, const QString &section, const QString &key,
                      const QString &value) override;
+    void flush() override;
     static QString filePath(const QString &application);
+
+private:
+    // One open settings file per application, so a round of writes is synced once.
+    QSettings &file(const QString &application);
+    std::map<QString, std::unique_ptr<QSettings>> m_files;
 };
 
 // The tool paths, parameters and build switches, kept in process-wide variables

@@ -6,6 +6,7 @@
 #include "shell/core/MdiArrange.h"
 #include "shell/ui/ActiveDocument.h"
 #include "shell/ui/MainPanes.h"
+#include "shell/ui/frmAbout.h"
 #include "shell/ui/frmMain.h"
 
 #include <QAction>
@@ -37,6 +38,7 @@ MainCommands::MainCommands(frmMain &frame, MainPanes &panes, QWidget &statusBar)
     connectAction("mnuHelpContents", &MainCommands::mnuHelpContents_Click);
     connectAction("mnuHelpSearchForHelpOn", &MainCommands::mnuHelpSearchForHelpOn_Click);
     connectAction("mnuFileExit", &MainCommands::mnuFileExit_Click);
+    connectAction("mnuHelpAbout", &MainCommands::mnuHelpAbout_Click);
 
     const struct
     {
@@ -189,6 +191,11 @@ void MainCommands::mnuHelpContents_Click()
 void MainCommands::mnuHelpSearchForHelpOn_Click()
 {
     showHelp(true);
+}
+
+void MainCommands::mnuHelpAbout_Click()
+{
+    frmAbout::showModal(&m_frame);
 }
 
 void MainCommands::showHelp(bool search)

@@ -45,6 +45,7 @@ public:
     void mnuEditPasteSpecial_Click();
     void mnuHelpContents_Click();
     void mnuHelpSearchForHelpOn_Click();
+    void mnuHelpAbout_Click();
     void mnuFileExit_Click();
 
 private:

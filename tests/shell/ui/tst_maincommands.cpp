@@ -97,6 +97,7 @@ class MainCommandsTest : public QObject
     Q_OBJECT
 private Q_SLOTS:
     void init() { resetApp(); }
+    void aboutShowsTheAboutBoxModallyOwnedByTheMainWindow();
 
     void copyAndPasteGoToTheActiveDocument();
     void cutChangesNothingSinceTheEditorHasNoCut();
@@ -410,6 +411,26 @@ void MainCommandsTest::pasteSpecialIsReachableFromNoMenu()
     QVERIFY(!frame.action(QStringLiteral("mnuEditPasteSpecial")));
     for (QAction *action : frame.findChildren<QAction *>())
         QVERIFY(!action->text().contains(QLatin1String("Special")));
+}
+
+void MainCommandsTest::aboutShowsTheAboutBoxModallyOwnedByTheMainWindow()
+{
+    frmMain frame;
+    QString caption;
+    QWidget *owner = nullptr;
+    bool modal = false;
+    QTimer::singleShot(0, [&] {
+        QWidget *box = QApplication::activeModalWidget();
+        QVERIFY(box);
+        caption = box->windowTitle();
+        owner = box->parentWidget();
+        modal = box->isModal();
+        box->close();
+    });
+    trigger(frame, "mnuHelpAbout");
+    QCOMPARE(caption, QStringLiteral("About Tessaro"));
+    QCOMPARE(owner, static_cast<QWidget *>(&frame));
+    QVERIFY(modal);
 }
 
 void MainCommandsTest::helpWithoutAHelpFileSaysSoWithTheInformationIcon()
