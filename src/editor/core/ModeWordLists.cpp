@@ -27,6 +27,14 @@ ModeWordLists modeWordLists(int mode)
     }
 }
 
+int modeForFileName(const QString &fileName)
+{
+    for (const char *extension : {".cpp", ".h", ".c"})
+        if (fileName.endsWith(QLatin1String(extension)))
+            return mode::C;
+    return mode::None;
+}
+
 QString readWordList(const QString &folder, const QString &fileName)
 {
     QString list;

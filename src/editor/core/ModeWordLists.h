@@ -26,6 +26,10 @@ struct ModeWordLists
 // 6 C load lists; C's blue list is the section definition file "tessaro.stx".
 ModeWordLists modeWordLists(int mode);
 
+// The mode a file's name selects when the editor loads it: C (6) for names ending in
+// ".c", ".h" or ".cpp" (as written, in lower case), none (9) for any other.
+int modeForFileName(const QString &fileName);
+
 // Reads a word list: the whole file as one string, from the folder + "/" + the file
 // name. A file that is missing or unreadable gives an empty list, without a message.
 QString readWordList(const QString &folder, const QString &fileName);

@@ -161,9 +161,10 @@ private:
         m_groupStart = false;
         if (isLetter(c)) {
             const qsizetype start = m_i;
-            while (m_i < n && isLetter(m_in[m_i].unicode()) && m_i - start < 32)
+            while (m_i < n && isLetter(m_in[m_i].unicode()))
                 ++m_i;
-            const QStringView word = m_in.mid(start, m_i - start);
+            // Longer words are not RTF: read whole, known by their first 32 letters.
+            const QStringView word = m_in.mid(start, qMin<qsizetype>(m_i - start, 32));
             std::optional<qint64> parameter;
             bool negative = false;
             if (m_i < n && m_in[m_i] == u'-' && m_i + 1 < n && isDigit(m_in[m_i + 1].unicode())) {
