@@ -33,26 +33,22 @@ QString noWorkspaceMessage()
 std::optional<Script> composeBuild(Target target, const WorkspaceState &workspace,
                                    const ToolSettings &tools, const QString &workspaceFolder)
 {
-    switch (target) {
-    case Target::Quake2:
-        // The Quake 2 build looks only at the workspace folder.
+    // The Quake 2 build looks only at the workspace folder, the others at the open flag.
+    if (target == Target::Quake2) {
         if (workspaceFolder.isEmpty())
             return std::nullopt;
         return composeQuake2Script(workspaceFolder);
-    case Target::Exe:
-        if (!workspace.open)
-            return std::nullopt;
-        return composeExeScript(workspace, tools);
-    case Target::Game:
-    case Target::CGame:
-    case Target::UI: break;
     }
     if (!workspace.open)
         return std::nullopt;
-    const QvmModule module = target == Target::Game    ? QvmModule::Game
-                             : target == Target::CGame ? QvmModule::CGame
-                                                       : QvmModule::UI;
-    return composeQvmScript(module, workspace, tools);
+    switch (target) {
+    case Target::Game: return composeQvmScript(QvmModule::Game, workspace, tools);
+    case Target::CGame: return composeQvmScript(QvmModule::CGame, workspace, tools);
+    case Target::UI: return composeQvmScript(QvmModule::UI, workspace, tools);
+    case Target::Exe: return composeExeScript(workspace, tools);
+    case Target::Quake2: break; // composed above
+    }
+    return std::nullopt;
 }
 
 void writeScript(const Script &script)

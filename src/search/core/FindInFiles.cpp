@@ -1,7 +1,7 @@
 #include "search/core/FindInFiles.h"
 
-#include "platform/core/TextFile.h"
 #include "search/core/CaselessPattern.h"
+#include "search/core/WholeFileReader.h"
 
 namespace tessaro::search {
 
@@ -27,12 +27,13 @@ void findInFiles(const WorkspaceState &workspace, const QString &text, QString &
 {
     output += searchingLine(text);
     const CaselessPattern pattern(text);
+    WholeFileReader reader;
     for (Group group : searchedGroups()) {
         const FixedList<QString> &list = workspace.list(group);
         for (int i = 0; i < list.count(); ++i) {
             const QString &path = list.at(i);
-            const QByteArray contents = textfile::readBytes(path);
-            const qsizetype at = pattern.indexIn(contents);
+            const QByteArrayView contents = reader.read(path);
+            const qsizetype at = pattern.indexIn(contents.data(), contents.size());
             lastMatchPosition = qint32(at + 1);
             if (at >= 0)
                 output += foundLine(text, path);

@@ -8,6 +8,7 @@
 #include "search/ui/frmOut.h"
 #include "shell/core/AppState.h"
 #include "shell/ui/frmMain.h"
+#include "workspace/ui/FileBrowser.h"
 
 #include <QAbstractButton>
 #include <QAction>
@@ -19,11 +20,11 @@ namespace tessaro::search {
 
 namespace {
 
-// The file browser's folder list, Dir1, keeps its folder in the Path property.
+// The file browser's current folder, Dir1.Path.
 QString browserFolderOf(const frmMain &main)
 {
-    const QObject *dir1 = main.findChild<QObject *>(QStringLiteral("Dir1"));
-    return dir1 ? dir1->property("Path").toString() : QString();
+    const FileBrowser *browser = FileBrowser::of(main);
+    return browser ? browser->dirPath() : QString();
 }
 
 } // namespace

@@ -16,13 +16,22 @@ constexpr int KeyRole = Qt::UserRole;
 constexpr int ImageRole = Qt::UserRole + 1;
 
 // The image list of the two trees: 1 a group (folder), 2 a structure, 5 a file.
+// Looked up once (a style's icon lookup is far slower than a node) and kept for the
+// life of the process.
 QIcon iconFor(int image)
 {
-    QStyle *style = QApplication::style();
+    struct Icons
+    {
+        QIcon group, structure, file;
+    };
+    static const Icons *icons =
+        new Icons{QApplication::style()->standardIcon(QStyle::SP_DirIcon),
+                  QApplication::style()->standardIcon(QStyle::SP_FileDialogDetailedView),
+                  QApplication::style()->standardIcon(QStyle::SP_FileIcon)};
     switch (image) {
-    case 1: return style->standardIcon(QStyle::SP_DirIcon);
-    case 2: return style->standardIcon(QStyle::SP_FileDialogDetailedView);
-    default: return style->standardIcon(QStyle::SP_FileIcon);
+    case 1: return icons->group;
+    case 2: return icons->structure;
+    default: return icons->file;
     }
 }
 

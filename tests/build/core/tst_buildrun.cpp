@@ -29,8 +29,10 @@ struct ToolCall
     QStringList arguments;
 };
 
-// Stand-in lcc, q3asm, lcclnk and lrc: each records its call in a log and fails when
-// its last argument ends with the text in $FAIL_ON.
+// Stand-in lcc, q3asm, lcclnk and lrc: each records its call in a log (fields
+// separated by US, records by RS, so arguments may hold line ends), waits while
+// $GATE names a file that does not exist yet, and fails when its last argument ends
+// with the text in $FAIL_ON.
 class StandInTools
 {
 public:
@@ -42,9 +44,11 @@ public:
             textfile::writeBytes(
                 path,
                 "#!/bin/sh\n"
-                "{ printf '%s' \"$(basename \"$0\")\"; printf '\\t%s' \"$PWD\" \"$@\"; "
-                "printf '\\n'; } >> \"$TOOL_LOG\"\n"
+                "{ printf '%s' \"$(basename \"$0\")\"; printf '\\037%s' \"$PWD\" \"$@\"; "
+                "printf '\\036'; } >> \"$TOOL_LOG\"\n"
                 "for last in \"$@\"; do :; done\n"
+                "i=0; while [ -n \"$GATE\" ] && [ ! -e \"$GATE\" ] && [ $i -lt 400 ]; do "
+                "sleep 0.05; i=$((i+1)); done\n"
                 "if [ -n \"$FAIL_ON\" ]; then case \"$last\" in *\"$FAIL_ON\") exit 3;; esac; fi\n"
                 "exit 0\n",
                 QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner);
@@ -60,8 +64,8 @@ public:
         if (!QFile::exists(log()))
             return result;
         const QString text = QString::fromUtf8(textfile::readBytes(log()));
-        for (const QString &line : text.split(QLatin1Char('\n'), Qt::SkipEmptyParts)) {
-            QStringList fields = line.split(QLatin1Char('\t'));
+        for (const QString &record : text.split(QChar(0x1e), Qt::SkipEmptyParts)) {
+            QStringList fields = record.split(QChar(0x1f));
             ToolCall call;
             call.tool = fields.takeFirst();
             call.folder = fields.takeFirst();
@@ -288,6 +292,40 @@ private Q_SLOTS:
         QVERIFY(QFile::exists(modPath("cgame/tdicom.sh")));
     }
 
+    void aBuildStartsItsScriptInATerminalAndReturnsAtOnce()
+    {
+        StandInTools tools;
+        setUpMod(tools);
+        // A stand-in terminal: notes the folder it was started in, then runs the command.
+        QTemporaryDir terminalDir;
+        const QString terminal = terminalDir.filePath("term");
+        const QString terminalLog = terminalDir.filePath("started-in");
+        textfile::writeBytes(
+            terminal,
+            "#!/bin/sh\npwd > \"$TERMINAL_LOG.tmp\"\n"
+            "mv \"$TERMINAL_LOG.tmp\" \"$TERMINAL_LOG\"\nexec \"$@\" < /dev/null\n",
+            QFileDevice::ReadOwner | QFileDevice::ExeOwner);
+        const QString gate = terminalDir.filePath("gate");
+        qputenv("TESSARO_TERMINAL", terminal.toUtf8());
+        qputenv("TERMINAL_LOG", terminalLog.toUtf8());
+        qputenv("TOOL_LOG", tools.log().toUtf8());
+        qputenv("GATE", gate.toUtf8());
+
+        runBuild(Target::Game, app());
+        // The command returned while the compiler still waits at the gate.
+        QVERIFY(tools.calls().size() <= 1);
+        textfile::writeBytes(gate, "open");
+        QTRY_VERIFY_WITH_TIMEOUT(tools.calls().size() == 5, 20000);
+        QCOMPARE(tools.calls().last().tool, QString("q3asm"));
+        QCOMPARE(tools.calls().last().folder, modPath("game/vm"));
+        // No working folder was given: the terminal started where the program runs.
+        QTRY_VERIFY(QFile::exists(terminalLog));
+        QCOMPARE(QString::fromUtf8(textfile::readBytes(terminalLog)).trimmed(),
+                 QDir::current().canonicalPath());
+        for (const char *name : {"TESSARO_TERMINAL", "TERMINAL_LOG", "TOOL_LOG", "GATE"})
+            qunsetenv(name);
+    }
+
     // --- running the generated scripts ---
 
     void gameScriptCompilesEveryFileInOrderThenAssemblesFromVm()
@@ -435,7 +473,8 @@ private Q_SLOTS:
         for (const QString &dir : {game, cgame, ui})
             QVERIFY(QDir().mkpath(dir));
         AppState &state = app();
-        fill(state.workspace.game, {game + "/a b.c", game + "/it's.c", game + "/$x;`y`.c"});
+        fill(state.workspace.game,
+             {game + "/a b.c", game + "/$x;`y`\ntouch " + marker + ".c", game + "/it's.c"});
         fill(state.workspace.cgame, {cgame + "/c1.c", cgame + "/c2.c", cgame + "/c3.c"});
         fill(state.workspace.ui, {ui + "/u1.c", ui + "/u2.c", ui + "/u3.c"});
         fill(state.workspace.source, {game + "/a b.c", game + "/it's.c"});
@@ -465,8 +504,8 @@ private Q_SLOTS:
         const QStringList includes = {"-I" + cgame, "-I" + game, "-I" + ui};
         QCOMPARE(calls.at(4).folder, game + "/vm");
         QCOMPARE(calls.at(4).arguments, kQvmSwitches + includes + QStringList{game + "/a b.c"});
-        QCOMPARE(calls.at(5).arguments.last(), game + "/it's.c");
-        QCOMPARE(calls.at(6).arguments.last(), game + "/$x;`y`.c");
+        QCOMPARE(calls.at(5).arguments.last(), game + "/$x;`y`\ntouch " + marker + ".c");
+        QCOMPARE(calls.at(6).arguments.last(), game + "/it's.c");
         QCOMPARE(calls.at(8).arguments, QStringList({"-f", "../game"}));
         // cgame's first shared file comes from the odd game folder.
         QCOMPARE(calls.at(9).folder, cgame + "/vm");

@@ -80,6 +80,8 @@ private Q_SLOTS:
                                    << "'/a;rm x'";
         QTest::newRow("non-ascii")
             << QString::fromUtf8("/m\u00f6d") << QString::fromUtf8("'/m\u00f6d'");
+        QTest::newRow("line feed") << "/a\nrm x"
+                                   << "'/a\nrm x'";
         QTest::newRow("tilde") << "~/g.c"
                                << "'~/g.c'";
         QTest::newRow("only a quote") << "'"

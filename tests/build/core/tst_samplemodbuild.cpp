@@ -79,8 +79,9 @@ class SampleModBuildTest : public QObject
                               const QStringList &shared, const QStringList &files)
     {
         const QString m = copy.mod();
-        const QString compile = "q3lcc -DQ3_VM -S -Wf-target=bytecode -Wf-g -I" + quoted(m + "/cgame")
-                                + " -I" + quoted(m + "/game") + " -I" + quoted(m + "/ui") + " ";
+        const QString compile = "q3lcc -DQ3_VM -S -Wf-target=bytecode -Wf-g -I" +
+                                quoted(m + "/cgame") + " -I" + quoted(m + "/game") + " -I" +
+                                quoted(m + "/ui") + " ";
         QString text = "#!/bin/sh\ncd " + quoted(m + "/" + module) + "\nmkdir vm\ncd vm\n";
         for (const QString &name : shared)
             text += compile + quoted(m + "/game/" + name) + "\n[ $? -eq 0 ] || exit 1\n";
@@ -98,25 +99,26 @@ private Q_SLOTS:
     {
         SampleModCopy copy;
         QVERIFY(QFile::exists(copy.workspace()));
-        const QStringList settings = {"--set", "comPath=q3lcc", "--set", "asmPath=q3asm", "--print"};
+        const QStringList settings = {"--set", "comPath=q3lcc", "--set", "asmPath=q3asm",
+                                      "--print"};
 
         const CliResult game = cli(QStringList{"game", copy.workspace()} + settings);
         QCOMPARE(game.status, 0);
-        QCOMPARE(game.out, expectedScript(copy, "game", {},
-                                          {"g_main.c", "g_combat.c", "g_items.c", "bg_misc.c",
-                                           "bg_pmove.c", "bg_slidemove.c", "bg_lib.c",
-                                           "q_math.c", "q_shared.c"}));
+        QCOMPARE(game.out,
+                 expectedScript(copy, "game", {},
+                                {"g_main.c", "g_combat.c", "g_items.c", "bg_misc.c", "bg_pmove.c",
+                                 "bg_slidemove.c", "bg_lib.c", "q_math.c", "q_shared.c"}));
         const CliResult cgame = cli(QStringList{"cgame", copy.workspace()} + settings);
         QCOMPARE(cgame.status, 0);
         QCOMPARE(cgame.out, expectedScript(copy, "cgame",
-                                           {"bg_misc.c", "bg_pmove.c", "bg_slidemove.c",
-                                            "bg_lib.c", "q_math.c", "q_shared.c"},
+                                           {"bg_misc.c", "bg_pmove.c", "bg_slidemove.c", "bg_lib.c",
+                                            "q_math.c", "q_shared.c"},
                                            {"cg_main.c", "cg_draw.c", "cg_view.c"}));
         const CliResult ui = cli(QStringList{"ui", copy.workspace()} + settings);
         QCOMPARE(ui.status, 0);
-        QCOMPARE(ui.out, expectedScript(copy, "ui",
-                                        {"bg_misc.c", "bg_lib.c", "q_math.c", "q_shared.c"},
-                                        {"ui_main.c", "ui_menu.c", "ui_draw.c"}));
+        QCOMPARE(ui.out,
+                 expectedScript(copy, "ui", {"bg_misc.c", "bg_lib.c", "q_math.c", "q_shared.c"},
+                                {"ui_main.c", "ui_menu.c", "ui_draw.c"}));
     }
 
     void theIdeWritesTheSameScriptsAsTheCommandLine()
@@ -129,15 +131,15 @@ private Q_SLOTS:
         QVERIFY(app().workspace.open);
         app().tools.comPath = "/opt/q3/q3lcc";
         app().tools.asmPath = "/opt/q3/q3asm";
-        const std::pair<build::Target, const char *> modules[] = {
-            {build::Target::Game, "game"}, {build::Target::CGame, "cgame"}, {build::Target::UI, "ui"}};
+        const std::pair<build::Target, const char *> modules[] = {{build::Target::Game, "game"},
+                                                                  {build::Target::CGame, "cgame"},
+                                                                  {build::Target::UI, "ui"}};
         for (const auto &[target, name] : modules) {
             build::runBuild(target, app());
             const QString script = copy.mod() + "/" + name + "/tdicom.sh";
             QCOMPARE(shell.scripts.last(), script);
-            const CliResult printed =
-                cli({name, copy.workspace(), "--set", "comPath=/opt/q3/q3lcc", "--set",
-                     "asmPath=/opt/q3/q3asm", "--print"});
+            const CliResult printed = cli({name, copy.workspace(), "--set", "comPath=/opt/q3/q3lcc",
+                                           "--set", "asmPath=/opt/q3/q3asm", "--print"});
             QCOMPARE(textfile::readBytes(script), printed.out);
         }
         QVERIFY(box.calls.isEmpty());
@@ -164,8 +166,9 @@ private Q_SLOTS:
             QProcess run;
             run.setProcessChannelMode(QProcess::ForwardedChannels);
             run.start(QStringLiteral(TESSARO_BIN_DIR "/tessaro-cli"),
-                      {"build", module, copy.workspace(), "--set", "comPath=" + tools.filePath("q3lcc"),
-                       "--set", "asmPath=" + tools.filePath("q3asm"), "--run"});
+                      {"build", module, copy.workspace(), "--set",
+                       "comPath=" + tools.filePath("q3lcc"), "--set",
+                       "asmPath=" + tools.filePath("q3asm"), "--run"});
             QVERIFY(run.waitForFinished(60000));
             QCOMPARE(run.exitCode(), 0);
             const QStringList calls =
@@ -173,7 +176,8 @@ private Q_SLOTS:
             const QString vm = copy.mod() + "/" + module + "/vm";
             QCOMPARE(calls.last(), "asm " + vm + " -f ../" + module);
             for (const QString &call : calls)
-                QVERIFY2(call.startsWith("lcc " + vm + " ") || call == calls.last(), qPrintable(call));
+                QVERIFY2(call.startsWith("lcc " + vm + " ") || call == calls.last(),
+                         qPrintable(call));
             QVERIFY(QFileInfo(vm).isDir());
         }
         qunsetenv("TOOL_LOG");

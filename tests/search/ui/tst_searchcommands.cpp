@@ -9,6 +9,7 @@
 #include "shell/core/AppState.h"
 #include "shell/ui/frmMain.h"
 #include "support/TestSupport.h"
+#include "workspace/ui/FileBrowser.h"
 
 #include <QAction>
 #include <QApplication>
@@ -275,6 +276,20 @@ private Q_SLOTS:
         dialog->findChild<QPushButton *>(QStringLiteral("cmdCancel"))->click();
         QTRY_VERIFY(!m_commands->findInFilesDialog());
         QVERIFY(!m_commands->outputWindow());
+    }
+
+    void theSearchFolderIsTheFileBrowsersFolder()
+    {
+        app().workspace.open = true;
+        frmMain main;
+        FileBrowser *browser = FileBrowser::install(main);
+        QVERIFY(browser);
+        browser->setDirPath(m_dir.path());
+        auto *commands = main.findChild<SearchCommands *>();
+        if (!commands)
+            commands = SearchCommands::install(main);
+        commands->mnuEditFindnF_Click();
+        QCOMPARE(commands->query().folder, m_dir.path() + QStringLiteral("/"));
     }
 
     void findInFilesListsTheFilesThatHoldTheText()

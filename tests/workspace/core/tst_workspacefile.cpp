@@ -51,6 +51,21 @@ private Q_SLOTS:
                                                        "\r\n"));
     }
 
+    void appendReplacesTheFileKeepingItsPermissionsAndLeavesNothingBehind()
+    {
+        QTemporaryDir dir;
+        const QString path = dir.filePath("perm.tdi");
+        CreateWorkspaceFile(path);
+        QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup |
+                                        QFile::ReadOther);
+        const QFile::Permissions before = QFile::permissions(path);
+        for (int i = 0; i < 20; ++i)
+            AppendWorkspaceEntry(path, "SOUR=", QStringLiteral("/t/f%1.c").arg(i));
+        QCOMPARE(QFile::permissions(path), before);
+        QCOMPARE(QDir(dir.path()).entryList(QDir::Files | QDir::Hidden), QStringList{"perm.tdi"});
+        QVERIFY(textfile::readBytes(path).endsWith("SOUR=/t/f19.c\r\n\r\n"));
+    }
+
     void appendToAFileWithoutFinalLineEndGluesOntoTheShortenedLastLine()
     {
         const QString path = writeFile("glue.tdi", "GAME=/a/game/g_main.c");

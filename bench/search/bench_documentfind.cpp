@@ -1,0 +1,88 @@
+// Find in a 10 MiB document, from the first occurrence of a rare word to the last:
+// the search that starts one character after the first match and runs to the end of
+// the text, as Find Again does.
+//
+//   bench_documentfind [RUNS]
+//
+// Times the search primitive that a document's Find uses over the document text
+// (UTF-16, line breaks as CR LF), and Qt's own case-insensitive search as a
+// reference.
+
+#include "search/core/CaselessPattern.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QRandomGenerator>
+
+#include <algorithm>
+#include <cstdio>
+#include <functional>
+#include <vector>
+
+using tessaro::search::CaselessPattern;
+
+namespace {
+
+// C-like text: lines of words, numbers and punctuation, CR LF line ends.
+QString makeDocument(qsizetype size)
+{
+    static const char *const words[] = {"int", "score",  "client", "entity", "return", "if",
+                                        "for", "struct", "void",   "level",  "trap_",  "0x1F",
+                                        "{",   "}",      "(",      ");",     "->",     "=="};
+    QRandomGenerator random(7);
+    QString text;
+    text.reserve(size + 100);
+    while (text.size() < size) {
+        const int count = 3 + random.bounded(8);
+        for (int i = 0; i < count; ++i) {
+            text += QLatin1String(words[random.bounded(int(std::size(words)))]);
+            text += QLatin1Char(' ');
+        }
+        text += QLatin1String("\r\n");
+    }
+    text.truncate(size);
+    return text;
+}
+
+double medianMs(int runs, const std::function<qsizetype()> &search, qsizetype expected)
+{
+    std::vector<double> times;
+    for (int run = 0; run < runs; ++run) {
+        QElapsedTimer clock;
+        clock.start();
+        const qsizetype found = search();
+        times.push_back(double(clock.nsecsElapsed()) / 1e6);
+        if (found != expected) {
+            std::fprintf(stderr, "wrong match: %lld instead of %lld\n", qlonglong(found),
+                         qlonglong(expected));
+            return -1;
+        }
+    }
+    std::sort(times.begin(), times.end());
+    return times[times.size() / 2];
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    QCoreApplication application(argc, argv);
+    const int runs = argc > 1 ? std::max(1, atoi(argv[1])) : 20;
+    const QString word = QStringLiteral("Quaternion");
+    QString document = makeDocument(10 * 1024 * 1024);
+    const qsizetype first = 1000;
+    const qsizetype last = document.size() - 1000;
+    document.replace(first, word.size(), QStringLiteral("QUATERNION"));
+    document.replace(last, word.size(), QStringLiteral("quaternion"));
+
+    const CaselessPattern pattern(word);
+    const QStringView text(document);
+    const double ours = medianMs(
+        runs, [&] { return pattern.indexIn(text, first + 1, text.size()); }, last);
+    const double qt = medianMs(
+        runs, [&] { return text.indexOf(word, first + 1, Qt::CaseInsensitive); }, last);
+    std::printf("find in a 10 MiB document, first to last occurrence (%lld characters): "
+                "CaselessPattern %.2f ms, QStringView::indexOf %.2f ms (median of %d)\n",
+                qlonglong(last - first), ours, qt, runs);
+    return 0;
+}

@@ -1,0 +1,72 @@
+#include "platform/core/RuntimeError.h"
+#include "platform/core/TextFile.h"
+#include "search/core/WholeFileReader.h"
+#include "support/TestSupport.h"
+
+#include <QTemporaryDir>
+
+using namespace tessaro;
+using tessaro::search::WholeFileReader;
+
+class WholeFileReaderTest : public QObject
+{
+    Q_OBJECT
+
+    QTemporaryDir m_dir;
+
+    QString file(const QString &name, const QByteArray &contents)
+    {
+        const QString path = m_dir.filePath(name);
+        textfile::writeBytes(path, contents);
+        return path;
+    }
+
+    static qint64 errorOf(WholeFileReader &reader, const QString &path)
+    {
+        try {
+            reader.read(path);
+        } catch (const RuntimeError &error) {
+            return error.number();
+        }
+        return 0;
+    }
+
+private Q_SLOTS:
+    void readsEachFileWholeWhateverCameBefore()
+    {
+        WholeFileReader reader;
+        QByteArray big(300000, 'x');
+        big[299999] = '\0';
+        QCOMPARE(reader.read(file("big.bin", big)).toByteArray(), big);
+        QCOMPARE(reader.read(file("small.c", "int a;\r\n")).toByteArray(),
+                 QByteArray("int a;\r\n"));
+        QCOMPARE(reader.read(file("empty.c", "")).size(), 0);
+        QCOMPARE(reader.read(file("bytes.bin", QByteArray("\x00\xff\x1a\r\n", 5))).toByteArray(),
+                 QByteArray("\x00\xff\x1a\r\n", 5));
+    }
+
+    void readsFilesThatReportNoSize()
+    {
+        WholeFileReader reader;
+        QVERIFY(reader.read(QStringLiteral("/proc/self/status")).toByteArray().contains("Name:"));
+    }
+
+    void aMissingFileIsFileNotFound()
+    {
+        WholeFileReader reader;
+        QCOMPARE(errorOf(reader, m_dir.filePath("gone.c")), qint64(RuntimeError::FileNotFound));
+        QCOMPARE(errorOf(reader, QString()), qint64(RuntimeError::FileNotFound));
+        const QString plain = file("plain.c", "x");
+        QCOMPARE(errorOf(reader, plain + QStringLiteral("/below.c")),
+                 qint64(RuntimeError::FileNotFound));
+    }
+
+    void aFolderIsAnAccessError()
+    {
+        WholeFileReader reader;
+        QCOMPARE(errorOf(reader, m_dir.path()), qint64(RuntimeError::PathFileAccessError));
+    }
+};
+
+TESSARO_CORE_TEST_MAIN(WholeFileReaderTest)
+#include "tst_wholefilereader.moc"
