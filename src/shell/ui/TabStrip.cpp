@@ -13,9 +13,14 @@ TabStrip::TabStrip(const QStringList &captions, QWidget *parent)
     m_bar->setShape(QTabBar::RoundedSouth);
     m_bar->setDrawBase(false);
     m_bar->setExpanding(false);
-    m_bar->setUsesScrollButtons(true);
+    // On a narrow pane the captions shrink (elided) rather than scroll out of sight.
+    m_bar->setUsesScrollButtons(false);
+    m_bar->setElideMode(Qt::ElideRight);
+    QFont small = m_bar->font();
+    small.setPointSizeF(small.pointSizeF() * 0.9);
+    m_bar->setFont(small);
     for (const QString &caption : captions)
-        m_bar->addTab(caption);
+        m_bar->setTabToolTip(m_bar->addTab(caption), caption);
     connect(m_bar, &QTabBar::currentChanged, this, [this] { Q_EMIT Click(); });
 }
 
