@@ -3,6 +3,8 @@
 #include "platform/core/AppInfo.h"
 #include "platform/core/ErrorTraps.h"
 #include "platform/core/TextFile.h"
+#include "shell/core/Settings.h"
+#include "shell/core/WindowPlacement.h"
 #include "shell/ui/MainWindowSetup.h"
 #include "workspace/ui/FileBrowser.h"
 #include "workspace/ui/WorkspaceCommands.h"
@@ -20,13 +22,17 @@ frmMain::frmMain(QWidget *parent) : QMainWindow(parent), m_mdiArea(new QMdiArea(
     setWindowTitle(appTitle());
     m_mdiArea->setObjectName(QStringLiteral("MDIClient"));
     setCentralWidget(m_mdiArea);
-    setWindowTitle(QStringLiteral("%1 v%2.%3").arg(appTitle()).arg(versionMajor()).arg(versionMinor()));
     setUpMainWindow(*this);
     WorkspaceCommands::install(*this);
     FileBrowser::install(*this);
+    setLoadStep(LoadStep::FileBrowserFolder,
+                [this] { FileBrowser::of(*this)->showFolder(QStringLiteral("/")); });
 }
 
-QAction *frmMain::action(const QString &name) const { return findChild<QAction *>(name); }
+QAction *frmMain::action(const QString &name) const
+{
+    return findChild<QAction *>(name);
+}
 
 void frmMain::LoadDocument(const QString &path)
 {
