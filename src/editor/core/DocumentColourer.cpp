@@ -1,0 +1,488 @@
+#include "editor/core/DocumentColourer.h"
+
+#include "editor/core/EditorPositions.h"
+
+#include <QCursor>
+#include <QGuiApplication>
+#include <QHash>
+#include <QTextBlock>
+#include <QTextCursor>
+#include <QTextDocument>
+#include <QTimer>
+
+#include <algorithm>
+
+namespace tessaro {
+
+namespace {
+
+// A slice of a full run stops once it has worked this long, leaving time for the
+// events waiting behind it.
+constexpr qint64 SliceBudgetMs = 8;
+// The snapshot is copied into the hidden document in pieces of this many characters.
+constexpr qsizetype FillChunk = 128 * 1024;
+// The typing path colours at most this long at once; longer cascades go on later.
+constexpr qint64 TypingBudgetMs = 8;
+
+} // namespace
+
+struct DocumentColourer::Run
+{
+    enum class Phase { Fill, Scan, Apply };
+    Phase phase = Phase::Fill;
+    bool html = false;
+    bool silent = false;
+    bool cancelRequested = false;
+    quint64 generation = 0;
+    QString snapshot;
+    std::unique_ptr<CrLfLines> lines;
+    qsizetype filled = 0;
+    std::unique_ptr<ColourScan> scan;
+    std::vector<Piece> pieces;
+    std::size_t nextPiece = 0;
+    int nextBlock = 0;
+    QTimer sliceTimer;
+};
+
+DocumentColourer::DocumentColourer(QTextDocument *document, QTextDocument *snapshot,
+                                   QTimer *progressTimer, QObject *parent)
+    : QObject(parent), m_doc(document), m_snapshot(snapshot), m_progressTimer(progressTimer)
+{
+    m_colours = {QColor(0, 128, 0), QColor(0, 0, 127), QColor(0, 0, 0)};
+    m_snapshot->setUndoRedoEnabled(false);
+    connect(m_progressTimer, &QTimer::timeout, this, [this] {
+        if (m_run)
+            Q_EMIT progressChange(percentComplete());
+    });
+}
+
+DocumentColourer::~DocumentColourer()
+{
+    if (m_run)
+        QGuiApplication::restoreOverrideCursor();
+}
+
+bool DocumentColourer::modeColours(int mode, bool html)
+{
+    switch (mode) {
+    case mode::VisualBasic:
+    case mode::VBScript:
+    case mode::Java:
+    case mode::JavaScript:
+    case mode::C:
+    case mode::Perl: return true;
+    case mode::Html: return html;
+    default: return false;
+    }
+}
+
+bool DocumentColourer::cLike() const
+{
+    return m_request.mode == mode::C || m_request.mode == mode::Java ||
+           m_request.mode == mode::JavaScript;
+}
+
+// ---- Line state ------------------------------------------------------------------
+
+int DocumentColourer::lineEndBits(const QTextBlock &block)
+{
+    const int state = block.userState();
+    return state < 0 ? 0 : (state & 3);
+}
+
+bool DocumentColourer::endsInComment(const QTextBlock &block)
+{
+    const int state = block.userState();
+    return state >= 0 && (state & CommentOpenBit) != 0;
+}
+
+void DocumentColourer::setLineState(QTextBlock &block, int lineEnd, bool inComment)
+{
+    const int state = (lineEnd & 3) | (inComment ? CommentOpenBit : 0);
+    if (state != std::max(0, block.userState()))
+        block.setUserState(state);
+}
+
+bool DocumentColourer::lineStartsInComment(const QTextBlock &block) const
+{
+    const QTextBlock previous = block.previous();
+    return cLike() && previous.isValid() && endsInComment(previous);
+}
+
+// ---- Full run ---------------------------------------------------------------------
+
+bool DocumentColourer::start(bool html, bool silent)
+{
+    if (!modeColours(m_request.mode, html))
+        return false;
+    if (m_run) {
+        // A new request while a run is under way: the run starts over with the new
+        // choice; its progress signals stay one start and one completion.
+        m_run->html = html;
+        beginSnapshot();
+        return true;
+    }
+    m_restarts = 0;
+    m_run = std::make_unique<Run>();
+    m_run->html = html;
+    m_run->silent = silent;
+    m_run->sliceTimer.setSingleShot(true);
+    m_run->sliceTimer.setInterval(0);
+    connect(&m_run->sliceTimer, &QTimer::timeout, this, &DocumentColourer::step);
+    if (!silent) {
+        m_progressTimer->start();
+        Q_EMIT progressStart();
+    }
+    QGuiApplication::setOverrideCursor(QCursor(Qt::WaitCursor));
+    beginSnapshot();
+    m_run->sliceTimer.start();
+    return true;
+}
+
+void DocumentColourer::cancel()
+{
+    if (m_run)
+        m_run->cancelRequested = true;
+}
+
+bool DocumentColourer::cancelPending() const { return m_run && m_run->cancelRequested; }
+
+int DocumentColourer::percentComplete() const
+{
+    if (!m_run)
+        return 0;
+    switch (m_run->phase) {
+    case Run::Phase::Fill: return 0;
+    case Run::Phase::Scan: return m_run->scan ? m_run->scan->percentComplete() : 0;
+    case Run::Phase::Apply: return 100;
+    }
+    return 0;
+}
+
+void DocumentColourer::beginSnapshot()
+{
+    Run &run = *m_run;
+    run.generation = m_generation;
+    run.snapshot = positions::publicText(*m_doc);
+    run.lines = std::make_unique<CrLfLines>(run.snapshot);
+    run.phase = Run::Phase::Fill;
+    run.filled = 0;
+    run.scan.reset();
+    run.pieces.clear();
+    run.nextPiece = 0;
+    run.nextBlock = 0;
+    m_snapshot->clear();
+}
+
+void DocumentColourer::step()
+{
+    if (!m_run)
+        return;
+    Run &run = *m_run;
+    if (run.cancelRequested) {
+        finish();
+        return;
+    }
+    if (run.generation != m_generation) {
+        // The text changed under the run: its result would colour the wrong
+        // characters, so it is dropped and the run starts over.
+        ++m_restarts;
+        beginSnapshot();
+    }
+    QElapsedTimer clock;
+    clock.start();
+    bool done = false;
+    while (!done && clock.elapsed() < SliceBudgetMs) {
+        switch (run.phase) {
+        case Run::Phase::Fill: {
+            qsizetype end = std::min(run.filled + FillChunk, run.snapshot.size());
+            // Never split a CR LF pair: the halves would make two line breaks.
+            if (end < run.snapshot.size() && end > 0 && run.snapshot.at(end - 1) == u'\r' &&
+                run.snapshot.at(end) == u'\n')
+                ++end;
+            QTextCursor cursor(m_snapshot);
+            cursor.movePosition(QTextCursor::End);
+            cursor.insertText(run.snapshot.mid(run.filled, end - run.filled));
+            run.filled = end;
+            if (run.filled >= run.snapshot.size()) {
+                ScanRequest request = m_request;
+                request.text = run.snapshot;
+                request.html = run.html;
+                run.scan = std::make_unique<ColourScan>(std::move(request));
+                run.phase = Run::Phase::Scan;
+            }
+            break;
+        }
+        case Run::Phase::Scan: {
+            const auto left = std::chrono::milliseconds(
+                std::max<qint64>(1, SliceBudgetMs - clock.elapsed()));
+            if (run.scan->runSlice(left)) {
+                std::vector<ColourStretch> stretches = run.scan->takeStretches();
+                run.pieces.reserve(stretches.size());
+                for (ColourStretch &s : stretches) {
+                    const int from = int(run.lines->toDocument(s.start));
+                    const int to = int(run.lines->toDocument(s.start + s.length));
+                    if (to > from)
+                        run.pieces.push_back({from, to, s.kind, std::move(s.spelling)});
+                }
+                run.scan.reset();
+                std::stable_sort(run.pieces.begin(), run.pieces.end(),
+                                 [](const Piece &a, const Piece &b) { return a.start < b.start; });
+                run.phase = Run::Phase::Apply;
+            }
+            break;
+        }
+        case Run::Phase::Apply: done = applySlice(clock); break;
+        }
+    }
+    if (done)
+        finish();
+    else
+        run.sliceTimer.start();
+}
+
+bool DocumentColourer::applySlice(const QElapsedTimer &clock)
+{
+    Run &run = *m_run;
+    std::vector<Change> changes;
+    std::vector<std::pair<int, QString>> spellings;
+    m_formatColours.clear();
+    QTextBlock block = m_doc->findBlockByNumber(run.nextBlock);
+    int lines = 0;
+    while (block.isValid()) {
+        collectSpellings(block, run.pieces, run.nextPiece, spellings, -1);
+        const bool inComment = diffLine(block, run.pieces, run.nextPiece, changes);
+        setLineState(block, lineEndBits(block), inComment);
+        block = block.next();
+        if ((++lines & 63) == 0 &&
+            (clock.elapsed() >= SliceBudgetMs / 2 || changes.size() >= 3000))
+            break;
+    }
+    run.nextBlock = block.isValid() ? block.blockNumber() : m_doc->blockCount();
+    writeChanges(changes, spellings);
+    return !block.isValid();
+}
+
+void DocumentColourer::finish()
+{
+    const bool silent = m_run->silent;
+    m_run.reset();
+    if (!silent) {
+        m_progressTimer->stop();
+        Q_EMIT progressComplete();
+    }
+    QGuiApplication::restoreOverrideCursor();
+}
+
+// ---- Typing path ------------------------------------------------------------------
+
+void DocumentColourer::noteChange(int from, int removed, int added)
+{
+    Q_UNUSED(removed);
+    ++m_generation;
+    const int first = m_doc->findBlock(from).blockNumber();
+    QTextBlock lastBlock = m_doc->findBlock(from + added);
+    const int last = lastBlock.isValid() ? lastBlock.blockNumber() : m_doc->blockCount() - 1;
+    if (first < 0)
+        return;
+    m_dirtyFirst = m_dirtyFirst < 0 ? first : std::min(m_dirtyFirst, first);
+    m_dirtyLast = std::max(m_dirtyLast, std::max(first, last));
+}
+
+void DocumentColourer::flush(int caretPosition)
+{
+    if (m_dirtyFirst < 0)
+        return;
+    const int first = m_dirtyFirst;
+    const int last = std::min(m_dirtyLast, m_doc->blockCount() - 1);
+    m_dirtyFirst = m_dirtyLast = -1;
+    if (!modeColours(m_request.mode, m_request.mode == mode::Html) || last < first)
+        return;
+    if (last - first + 1 > LargeChange) {
+        Q_EMIT largeChange();
+        return;
+    }
+    colourLines(first, last, caretPosition);
+}
+
+void DocumentColourer::colourLines(int firstBlock, int lastBlock, int caretPosition)
+{
+    if (!modeColours(m_request.mode, m_request.mode == mode::Html))
+        return;
+    m_formatColours.clear();
+    QElapsedTimer clock;
+    clock.start();
+    std::vector<Change> changes;
+    std::vector<std::pair<int, QString>> spellings;
+    QTextBlock block = m_doc->findBlockByNumber(std::max(0, firstBlock));
+    bool inComment = block.isValid() && lineStartsInComment(block);
+    ScanRequest request = m_request;
+    request.html = m_request.mode == mode::Html;
+    request.ignoreVBHeader = false;
+    std::vector<Piece> pieces;
+    while (block.isValid()) {
+        const QString prefix = inComment ? QStringLiteral("/*") : QString();
+        const QString text = block.text();
+        request.text = prefix + text + QStringLiteral("\r\n");
+        const std::vector<ColourStretch> stretches = scanText(request);
+        const int b0 = block.position();
+        const int sepEnd = b0 + int(text.size()) + 1;
+        pieces.clear();
+        for (const ColourStretch &s : stretches) {
+            const int from = std::max(b0, b0 + int(s.start - prefix.size()));
+            const int to = std::min(sepEnd, b0 + int(s.start + s.length - prefix.size()));
+            if (to > from)
+                pieces.push_back({from, to, s.kind, s.spelling});
+        }
+        std::size_t next = 0;
+        collectSpellings(block, pieces, next, spellings, caretPosition);
+        next = 0;
+        const bool endState = diffLine(block, pieces, next, changes);
+        const bool oldState = endsInComment(block);
+        setLineState(block, lineEndBits(block), endState);
+        const int number = block.blockNumber();
+        block = block.next();
+        inComment = endState && cLike();
+        if (number >= lastBlock && endState == oldState)
+            break;
+        if (number >= lastBlock && block.isValid() && clock.elapsed() >= TypingBudgetMs) {
+            // A long cascade (a comment opened above many lines) goes on from the
+            // event loop, so the keystroke is shown at once.
+            const int from = block.blockNumber();
+            m_dirtyFirst = m_dirtyFirst < 0 ? from : std::min(m_dirtyFirst, from);
+            m_dirtyLast = std::max(m_dirtyLast, from);
+            QTimer::singleShot(0, this, [this] { flush(); });
+            break;
+        }
+    }
+    writeChanges(changes, spellings);
+}
+
+// ---- Comparing and writing colours ---------------------------------------------------
+
+const QColor &DocumentColourer::colourOf(StretchKind kind) const
+{
+    switch (kind) {
+    case StretchKind::Comment: return m_colours.comment;
+    case StretchKind::Keyword: return m_colours.keyword;
+    case StretchKind::Text: break;
+    }
+    return m_colours.text;
+}
+
+bool DocumentColourer::sameColour(const QTextFragment &fragment, StretchKind kind) const
+{
+    const int index = fragment.charFormatIndex();
+    auto it = m_formatColours.constFind(index);
+    if (it == m_formatColours.constEnd()) {
+        const QTextCharFormat format = fragment.charFormat();
+        const QRgb colour = format.hasProperty(QTextFormat::ForegroundBrush)
+                                ? format.foreground().color().rgba()
+                                : QRgb(0); // no colour of its own: differs from every colour
+        it = m_formatColours.insert(index, colour);
+    }
+    return it.value() != 0 && it.value() == colourOf(kind).rgba();
+}
+
+void DocumentColourer::collectSpellings(const QTextBlock &block, const std::vector<Piece> &pieces,
+                                        std::size_t from,
+                                        std::vector<std::pair<int, QString>> &spellings,
+                                        int caretPosition) const
+{
+    const int b0 = block.position();
+    const int textEnd = b0 + block.length() - 1;
+    QString text;
+    for (std::size_t i = from; i < pieces.size() && pieces[i].start < textEnd; ++i) {
+        const Piece &p = pieces[i];
+        if (p.spelling.isEmpty() || p.start < b0 || p.end > textEnd ||
+            p.spelling.size() != p.end - p.start)
+            continue;
+        if (caretPosition >= p.start && caretPosition <= p.end)
+            continue; // the word being typed keeps its letters until it is finished
+        if (text.isNull())
+            text = block.text();
+        if (QStringView(text).mid(p.start - b0, p.end - p.start) != p.spelling)
+            spellings.emplace_back(p.start, p.spelling);
+    }
+}
+
+bool DocumentColourer::diffLine(const QTextBlock &block, const std::vector<Piece> &pieces,
+                                std::size_t &next, std::vector<Change> &changes) const
+{
+    const int b0 = block.position();
+    const int separator = b0 + block.length() - 1;
+    while (next < pieces.size() && pieces[next].end <= b0)
+        ++next;
+    std::size_t r = next;
+    for (auto it = block.begin(); !it.atEnd(); ++it) {
+        const QTextFragment fragment = it.fragment();
+        if (!fragment.isValid())
+            continue;
+        const int f1 = fragment.position() + fragment.length();
+        int x = fragment.position();
+        while (x < f1) {
+            while (r < pieces.size() && pieces[r].end <= x)
+                ++r;
+            StretchKind want = StretchKind::Text;
+            int segmentEnd = f1;
+            if (r < pieces.size() && pieces[r].start <= x) {
+                want = pieces[r].kind;
+                segmentEnd = std::min(f1, pieces[r].end);
+            } else if (r < pieces.size()) {
+                segmentEnd = std::min(f1, pieces[r].start);
+            }
+            if (!sameColour(fragment, want)) {
+                if (!changes.empty() && changes.back().end == x && changes.back().kind == want)
+                    changes.back().end = segmentEnd;
+                else
+                    changes.push_back({x, segmentEnd, want});
+            }
+            x = segmentEnd;
+        }
+    }
+    while (r < pieces.size() && pieces[r].end <= separator)
+        ++r;
+    next = r;
+    return r < pieces.size() && pieces[r].start <= separator &&
+           pieces[r].kind == StretchKind::Comment;
+}
+
+void DocumentColourer::writeChanges(const std::vector<Change> &changes,
+                                    const std::vector<std::pair<int, QString>> &spellings)
+{
+    if (changes.empty() && spellings.empty())
+        return;
+    m_applying = true;
+    // Colouring is no edit of its own: with an undo history it joins the last edit
+    // (undoing that edit takes its colours back too); without one it is not recorded.
+    const bool record = m_doc->isUndoRedoEnabled() && m_doc->isUndoAvailable();
+    const bool wasEnabled = m_doc->isUndoRedoEnabled();
+    if (!record && wasEnabled)
+        m_doc->setUndoRedoEnabled(false);
+    QTextCursor cursor(m_doc);
+    if (record)
+        cursor.joinPreviousEditBlock();
+    else
+        cursor.beginEditBlock();
+    for (const auto &[position, spelling] : spellings) {
+        QTextCursor at(m_doc);
+        at.setPosition(position + 1);
+        const QTextCharFormat format = at.charFormat();
+        cursor.setPosition(position);
+        cursor.setPosition(position + int(spelling.size()), QTextCursor::KeepAnchor);
+        cursor.insertText(spelling, format);
+    }
+    QTextCharFormat format;
+    for (const Change &change : changes) {
+        format.setForeground(colourOf(change.kind));
+        cursor.setPosition(change.start);
+        cursor.setPosition(change.end, QTextCursor::KeepAnchor);
+        cursor.mergeCharFormat(format);
+    }
+    cursor.endEditBlock();
+    if (!record && wasEnabled)
+        m_doc->setUndoRedoEnabled(true);
+    m_applying = false;
+}
+
+} // namespace tessaro

@@ -1,0 +1,608 @@
+#include "editor/ui/srcText.h"
+
+#include "editor/core/ClassicColour.h"
+#include "editor/core/DocumentColourer.h"
+#include "editor/core/EditorPositions.h"
+#include "editor/core/PropertyBag.h"
+#include "editor/ui/SourceEditBox.h"
+#include "platform/core/AppInfo.h"
+#include "platform/core/MsgBox.h"
+#include "platform/core/Paths.h"
+#include "platform/core/RuntimeError.h"
+#include "platform/core/TextFile.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QMimeData>
+#include <QPagedPaintDevice>
+#include <QScrollBar>
+#include <QTextBlock>
+#include <QTextDocument>
+#include <QTextDocumentFragment>
+#include <QTimer>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace tessaro {
+
+using positions::toDocument;
+using positions::toPublic;
+
+srcText::srcText(QWidget *parent) : QWidget(parent)
+{
+    m_rtfMain = new SourceEditBox(this);
+    m_rtfMain->setLineWrapMode(QPlainTextEdit::NoWrap);
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(m_rtfMain);
+    setFocusProxy(m_rtfMain);
+
+    m_rtfTemp = new QTextDocument(this);
+    m_rtfTemp->setObjectName(QStringLiteral("rtfTemp"));
+    m_tempCursor = QTextCursor(m_rtfTemp);
+
+    // tmrInsert is part of the control but nothing enables it.
+    m_tmrInsert = new QTimer(this);
+    m_tmrInsert->setObjectName(QStringLiteral("tmrInsert"));
+    m_tmrInsert->setInterval(50);
+    connect(m_tmrInsert, &QTimer::timeout, this, [this] {
+        m_tmrInsert->stop();
+        if (m_mode != mode::Typing)
+            flushTyping();
+    });
+    m_tmrUpdate = new QTimer(this);
+    m_tmrUpdate->setObjectName(QStringLiteral("tmrUpdate"));
+    m_tmrUpdate->setInterval(1000);
+
+    m_colouring = std::make_unique<DocumentColourer>(m_rtfMain->document(), m_rtfTemp,
+                                                     m_tmrUpdate);
+    connect(m_colouring.get(), &DocumentColourer::progressStart, this, &srcText::ProgressStart);
+    connect(m_colouring.get(), &DocumentColourer::progressChange, this,
+            &srcText::ProgressChange);
+    connect(m_colouring.get(), &DocumentColourer::progressComplete, this, [this] {
+        m_tempCursor.setPosition(0);
+        Q_EMIT ProgressComplete();
+    });
+    connect(m_colouring.get(), &DocumentColourer::largeChange, this, [this] { startRun(false); });
+
+    connect(m_rtfMain->document(), &QTextDocument::contentsChange, this,
+            &srcText::onContentsChange);
+    connect(m_rtfMain, &QPlainTextEdit::cursorPositionChanged, this,
+            &srcText::emitSelChangeIfMoved);
+    connect(m_rtfMain, &QPlainTextEdit::selectionChanged, this, &srcText::emitSelChangeIfMoved);
+    connect(m_rtfMain->horizontalScrollBar(), &QScrollBar::valueChanged, this,
+            &srcText::HScroll);
+    connect(m_rtfMain->verticalScrollBar(), &QScrollBar::valueChanged, this, &srcText::VScroll);
+
+    InitProperties();
+}
+
+srcText::~srcText()
+{
+    // The colourer and the handlers below refer to rtfMain's document: take them
+    // down before the child widgets go.
+    m_colouring.reset();
+    m_rtfMain->document()->disconnect(this);
+    m_rtfMain->disconnect(this);
+    m_rtfMain->horizontalScrollBar()->disconnect(this);
+    m_rtfMain->verticalScrollBar()->disconnect(this);
+}
+
+// ---- Design-time properties ------------------------------------------------------------
+
+static QFont ambientFont(const QWidget *control)
+{
+    return control->parentWidget() ? control->parentWidget()->font() : QApplication::font();
+}
+
+static qint16 toInt16(const QVariant &value)
+{
+    bool ok = false;
+    const qlonglong n = value.toLongLong(&ok);
+    if (!ok && !value.canConvert<qlonglong>())
+        raise(RuntimeError::TypeMismatch);
+    if (n < -32768 || n > 32767)
+        raise(RuntimeError::Overflow);
+    return qint16(n);
+}
+
+void srcText::InitProperties()
+{
+    setTabStop(false);
+    setLocked(false);
+    setEnabled(true);
+    setFontProperty(ambientFont(this));
+    m_colourComment = 0x8000;
+    m_colourKeyword = 0x7F0000;
+    m_colourText = 0;
+    setBorder(false);
+    m_autoIndent = true;
+    m_indentValue = 4;
+    m_ignoreVBHeader = true;
+    m_backColour = classiccolour::WindowBackground;
+    m_saved = false;
+    m_modified = false;
+    // A control placed anew loads no word list: it colours nothing until Mode is set.
+    setMode(mode::None);
+    updateColours();
+    applyBackground();
+}
+
+void srcText::ReadProperties(PropertyBag &PropBag)
+{
+    setText(PropBag.ReadProperty(QStringLiteral("Text"), QString()).toString());
+    setTabStop(PropBag.ReadProperty(QStringLiteral("TabStop"), false).toBool());
+    setLocked(toInt16(PropBag.ReadProperty(QStringLiteral("Locked"), 0)) != 0);
+    setEnabled(PropBag.ReadProperty(QStringLiteral("Enabled"), true).toBool());
+    setFontProperty(PropBag.ReadProperty(QStringLiteral("Font"), ambientFont(this)).value<QFont>());
+    setMode(toInt16(PropBag.ReadProperty(QStringLiteral("Mode"), 0)));
+    setColour_Comment(PropBag.ReadProperty(QStringLiteral("Colour_Comment"), 32768u).toUInt());
+    setColour_Keyword(PropBag.ReadProperty(QStringLiteral("Colour_Keyword"), 0x7F0000u).toUInt());
+    setColour_Text(PropBag.ReadProperty(QStringLiteral("Colour_Text"), 0u).toUInt());
+    setBorder(PropBag.ReadProperty(QStringLiteral("Border"), false).toBool());
+    setAutoIndent(PropBag.ReadProperty(QStringLiteral("AutoIndent"), true).toBool());
+    setIndentValue(toInt16(PropBag.ReadProperty(QStringLiteral("Indent"), 4)));
+    setIgnoreVBHeader(PropBag.ReadProperty(QStringLiteral("IgnoreVBHeader"), true).toBool());
+}
+
+void srcText::WriteProperties(PropertyBag &PropBag) const
+{
+    PropBag.WriteProperty(QStringLiteral("Enabled"), Enabled(), true);
+    PropBag.WriteProperty(QStringLiteral("Locked"), qint16(Locked() ? -1 : 0), qint16(0));
+    PropBag.WriteProperty(QStringLiteral("Text"), Text(), QString());
+    PropBag.WriteProperty(QStringLiteral("TabStop"), TabStop(), false);
+    PropBag.WriteProperty(QStringLiteral("Font"), Font(), ambientFont(this));
+    PropBag.WriteProperty(QStringLiteral("Mode"), qint16(m_mode), qint16(0));
+    PropBag.WriteProperty(QStringLiteral("Colour_Comment"), m_colourComment, 32768u);
+    PropBag.WriteProperty(QStringLiteral("Colour_Keyword"), m_colourKeyword, 0x7F0000u);
+    PropBag.WriteProperty(QStringLiteral("Colour_Text"), m_colourText, 0u);
+    PropBag.WriteProperty(QStringLiteral("Border"), m_border, false);
+    PropBag.WriteProperty(QStringLiteral("AutoIndent"), m_autoIndent, true);
+    PropBag.WriteProperty(QStringLiteral("Indent"), qint16(m_indentValue), qint16(4));
+    PropBag.WriteProperty(QStringLiteral("IgnoreVBHeader"), m_ignoreVBHeader, true);
+}
+
+// ---- Files -------------------------------------------------------------------------------
+
+QString srcText::loadPlainFile(const QString &strFileName, int FileType)
+{
+    Q_UNUSED(FileType);
+    return textfile::read(strFileName);
+}
+
+bool srcText::LoadFile(const QString &strFileName, int FileType)
+{
+    QString text;
+    try {
+        text = loadPlainFile(strFileName, FileType);
+    } catch (const RuntimeError &error) {
+        // The control reports its own errors, then lets the caller's command end.
+        MsgBox(error.description() + QStringLiteral("\n\n") + strFileName, mb::Exclamation);
+        throw;
+    }
+    const LineEnds lineEnds = scanLineEnds(text);
+    setDocumentText(text, &lineEnds);
+    const bool cSource = strFileName.endsWith(QLatin1String(".cpp")) ||
+                         strFileName.endsWith(QLatin1String(".h")) ||
+                         strFileName.endsWith(QLatin1String(".c"));
+    setMode(cSource ? mode::C : mode::None);
+    if (cSource)
+        ColourDocument();
+    m_fileName = strFileName;
+    m_modified = false;
+    m_saved = false;
+    Q_EMIT FileLoaded(strFileName);
+    return true;
+}
+
+void srcText::setDocumentText(const QString &text, const LineEnds *lineEnds)
+{
+    m_loading = true;
+    QTextCharFormat format = m_rtfMain->currentCharFormat();
+    format.setForeground(classiccolour::toColor(m_colourText, palette()));
+    m_rtfMain->setCurrentCharFormat(format);
+    m_rtfMain->setPlainText(text);
+    QTextDocument *doc = m_rtfMain->document();
+    if (lineEnds) {
+        m_usualLineEnd = lineEnds->usual;
+        if (!lineEnds->uniform) {
+            // Each line remembers its own break, so a file of mixed breaks saves back
+            // byte for byte.
+            QTextBlock block = doc->begin();
+            for (LineEnd end : lineEnds->breaks) {
+                DocumentColourer::setLineState(block, int(end), false);
+                block = block.next();
+            }
+        }
+    }
+    // A new text is coloured by a full run (or not at all), not line by line.
+    m_colouring->forgetChanges();
+    m_loading = false;
+}
+
+void srcText::SaveFile(const QString &strFileName, int FileType)
+{
+    Q_UNUSED(FileType); // always plain text: colours never reach a source file
+    const QTextDocument *doc = m_rtfMain->document();
+    QString text;
+    text.reserve(doc->characterCount() + doc->blockCount());
+    const QString usual = lineEndText(m_usualLineEnd);
+    for (QTextBlock block = doc->begin(); block.isValid(); block = block.next()) {
+        if (block != doc->begin()) {
+            const int end = DocumentColourer::lineEndBits(block.previous());
+            text += end == 0 ? usual : lineEndText(LineEnd(end));
+        }
+        text += block.text();
+    }
+    try {
+        textfile::write(strFileName, text);
+        m_saved = true;
+        m_modified = false;
+    } catch (const RuntimeError &) {
+        // Saving ignores its errors; Saved tells whether the file was written.
+    }
+}
+
+QString srcText::FileTitle() const { return paths::filePart(m_fileName); }
+
+// ---- Text and positions -----------------------------------------------------------------
+
+QString srcText::Text() const { return positions::publicText(*m_rtfMain->document()); }
+
+void srcText::setText(const QString &New_Text)
+{
+    m_usualLineEnd = LineEnd::CRLF;
+    QTextCharFormat format = m_rtfMain->currentCharFormat();
+    format.setForeground(classiccolour::toColor(m_colourText, palette()));
+    m_rtfMain->setCurrentCharFormat(format);
+    m_rtfMain->setPlainText(New_Text);
+}
+
+qsizetype srcText::SelStart() const
+{
+    return toPublic(*m_rtfMain->document(), m_rtfMain->textCursor().selectionStart());
+}
+
+void srcText::setSelStart(qsizetype New_SelStart)
+{
+    QTextCursor cursor = m_rtfMain->textCursor();
+    cursor.setPosition(toDocument(*m_rtfMain->document(), std::max<qsizetype>(0, New_SelStart)));
+    m_rtfMain->setTextCursor(cursor);
+}
+
+qsizetype srcText::SelLength() const
+{
+    const QTextCursor cursor = m_rtfMain->textCursor();
+    const QTextDocument &doc = *m_rtfMain->document();
+    return toPublic(doc, cursor.selectionEnd()) - toPublic(doc, cursor.selectionStart());
+}
+
+void srcText::setSelLength(qsizetype New_SelLength)
+{
+    const qsizetype start = SelStart();
+    SetSelection(start, start + std::max<qsizetype>(0, New_SelLength));
+}
+
+QString srcText::SelText() const
+{
+    QString text = m_rtfMain->textCursor().selectedText();
+    return text.replace(QChar::ParagraphSeparator, QLatin1String("\r\n"));
+}
+
+void srcText::setSelText(const QString &New_SelText)
+{
+    QTextCursor cursor = m_rtfMain->textCursor();
+    cursor.insertText(New_SelText);
+    m_rtfMain->setTextCursor(cursor);
+}
+
+void srcText::SetSelection(qsizetype lStart, qsizetype lEnd)
+{
+    const QTextDocument &doc = *m_rtfMain->document();
+    QTextCursor cursor = m_rtfMain->textCursor();
+    if (lStart == 0 && lEnd == -1) {
+        cursor.select(QTextCursor::Document);
+    } else if (lStart < 0) {
+        cursor.clearSelection();
+    } else {
+        if (lEnd < 0)
+            lEnd = positions::publicLength(doc);
+        cursor.setPosition(toDocument(doc, lStart));
+        cursor.setPosition(toDocument(doc, lEnd), QTextCursor::KeepAnchor);
+    }
+    m_rtfMain->setTextCursor(cursor);
+}
+
+void srcText::SetTempSelection(qsizetype lStart, qsizetype lEnd)
+{
+    const QTextDocument &doc = *m_rtfTemp;
+    if (lStart == 0 && lEnd == -1) {
+        m_tempCursor.select(QTextCursor::Document);
+    } else if (lStart < 0) {
+        m_tempCursor.clearSelection();
+    } else {
+        if (lEnd < 0)
+            lEnd = positions::publicLength(doc);
+        m_tempCursor.setPosition(toDocument(doc, lStart));
+        m_tempCursor.setPosition(toDocument(doc, lEnd), QTextCursor::KeepAnchor);
+    }
+}
+
+qsizetype srcText::CharacterCount() const { return positions::publicLength(*m_rtfMain->document()); }
+
+qsizetype srcText::TempCharacterCount() const { return positions::publicLength(*m_rtfTemp); }
+
+QPlainTextEdit *srcText::RTFBox() const { return m_rtfMain; }
+
+QPlainTextEdit *srcText::hWnd() const { return m_rtfMain; }
+
+QTextDocument *srcText::TempDocument() const { return m_rtfTemp; }
+
+int srcText::LineCount() const { return m_rtfMain->document()->blockCount(); }
+
+int srcText::GetFirstLineVisible() const { return m_rtfMain->firstVisibleLine(); }
+
+int srcText::CurrentColumn() const { return m_rtfMain->textCursor().positionInBlock(); }
+
+int srcText::CurrentLine() const { return m_rtfMain->textCursor().blockNumber(); }
+
+QPoint srcText::GetPosFromChar(qsizetype lChar) const
+{
+    QTextCursor cursor(m_rtfMain->document());
+    cursor.setPosition(toDocument(*m_rtfMain->document(), lChar));
+    return m_rtfMain->cursorRect(cursor).topLeft();
+}
+
+qsizetype srcText::CharFromPos(int xPixels, int yPixels) const
+{
+    const QTextCursor cursor = m_rtfMain->cursorForPosition(QPoint(xPixels, yPixels));
+    return toPublic(*m_rtfMain->document(), cursor.position());
+}
+
+// ---- Pass-through properties ---------------------------------------------------------------
+
+bool srcText::Locked() const { return m_rtfMain->isReadOnly(); }
+
+void srcText::setLocked(bool New_Locked) { m_rtfMain->setReadOnly(New_Locked); }
+
+bool srcText::TabStop() const { return m_rtfMain->focusPolicy() == Qt::StrongFocus; }
+
+void srcText::setTabStop(bool New_TabStop)
+{
+    m_rtfMain->setFocusPolicy(New_TabStop ? Qt::StrongFocus : Qt::ClickFocus);
+}
+
+void srcText::setFontProperty(const QFont &New_Font)
+{
+    setFont(New_Font);
+    m_rtfTemp->setDefaultFont(New_Font);
+}
+
+void srcText::setBorder(bool New_Border)
+{
+    m_border = New_Border;
+    m_rtfMain->setFrameShape(New_Border ? QFrame::StyledPanel : QFrame::NoFrame);
+}
+
+void srcText::setBackColor(quint32 New_BackColor)
+{
+    m_backColour = New_BackColor;
+    applyBackground();
+}
+
+void srcText::applyBackground()
+{
+    QPalette pal = m_rtfMain->palette();
+    pal.setColor(QPalette::Base, classiccolour::toColor(m_backColour, palette()));
+    pal.setColor(QPalette::Text, classiccolour::toColor(m_colourText, palette()));
+    m_rtfMain->setPalette(pal);
+}
+
+void srcText::setColour_Comment(quint32 New_Colour_Comment)
+{
+    m_colourComment = New_Colour_Comment;
+    updateColours();
+}
+
+void srcText::setColour_Keyword(quint32 New_Colour_Keyword)
+{
+    m_colourKeyword = New_Colour_Keyword;
+    updateColours();
+}
+
+void srcText::setColour_Text(quint32 New_Colour_Text)
+{
+    m_colourText = New_Colour_Text;
+    updateColours();
+    applyBackground();
+}
+
+void srcText::updateColours()
+{
+    const QPalette pal = palette();
+    m_colouring->setColours({classiccolour::toColor(m_colourComment, pal),
+                             classiccolour::toColor(m_colourKeyword, pal),
+                             classiccolour::toColor(m_colourText, pal)});
+}
+
+void srcText::setIndentValue(int New_IndentValue)
+{
+    m_indentValue = std::max(0, New_IndentValue);
+}
+
+// ---- Clipboard and text operations ------------------------------------------------------------
+
+void srcText::Copy() { m_rtfMain->copy(); }
+
+void srcText::Paste()
+{
+    const QMimeData *data = QGuiApplication::clipboard()->mimeData();
+    if (data && data->hasText() && !m_rtfMain->isReadOnly())
+        pasteText(data->text());
+}
+
+void srcText::pasteText(const QString &text)
+{
+    m_colouringFromPaste = true;
+    m_rtfMain->insertPlainText(text);
+    m_rtfMain->ensureCursorVisible();
+    flushTyping();
+    m_colouringFromPaste = false;
+}
+
+void srcText::cutSelection()
+{
+    if (m_rtfMain->isReadOnly() || !m_rtfMain->textCursor().hasSelection())
+        return;
+    m_rtfMain->copy();
+    QTextCursor cursor = m_rtfMain->textCursor();
+    cursor.removeSelectedText();
+    m_rtfMain->setTextCursor(cursor);
+    flushTyping();
+}
+
+void srcText::SelectAll() { m_rtfMain->selectAll(); }
+
+void srcText::Clear()
+{
+    QTextCursor cursor = m_rtfMain->textCursor();
+    if (m_rtfMain->isReadOnly() || !cursor.hasSelection())
+        return;
+    cursor.removeSelectedText();
+    m_rtfMain->setTextCursor(cursor);
+}
+
+void srcText::Append(const QString &strText)
+{
+    QTextCursor cursor(m_rtfMain->document());
+    cursor.movePosition(QTextCursor::End);
+    cursor.insertText(strText);
+}
+
+bool srcText::CanPaste() const { return m_rtfMain->canPaste(); }
+
+bool srcText::CanCopy() const { return m_rtfMain->textCursor().hasSelection(); }
+
+void srcText::Undo() { m_rtfMain->undo(); }
+
+void srcText::Redo() { m_rtfMain->redo(); }
+
+int srcText::Find(const QString &bstrString, int vStart, int vEnd, int vOptions)
+{
+    enum { WholeWord = 2, MatchCase = 4, NoHighlight = 8 };
+    if (bstrString.isEmpty())
+        return -1;
+    const QString text = Text();
+    const qsizetype length = text.size();
+    const qsizetype end = (vEnd < 0 || vEnd > length) ? length : vEnd;
+    qsizetype from = std::max(0, vStart);
+    const Qt::CaseSensitivity cs = (vOptions & MatchCase) ? Qt::CaseSensitive : Qt::CaseInsensitive;
+    auto isWordChar = [&](qsizetype i) {
+        if (i < 0 || i >= length)
+            return false;
+        const QChar c = text.at(i);
+        return c.isLetterOrNumber() || c == u'_';
+    };
+    while (from < end) {
+        const qsizetype found = text.indexOf(bstrString, from, cs);
+        if (found < 0 || found + bstrString.size() > end)
+            return -1;
+        if (!(vOptions & WholeWord) ||
+            (!isWordChar(found - 1) && !isWordChar(found + bstrString.size()))) {
+            if (!(vOptions & NoHighlight))
+                SetSelection(found, found + bstrString.size());
+            return int(found);
+        }
+        from = found + 1;
+    }
+    return -1;
+}
+
+void srcText::UpTo(const QString &bstrCharacterSet, bool vForward, bool vNegate)
+{
+    const QString text = Text();
+    const QTextDocument &doc = *m_rtfMain->document();
+    qsizetype i = toPublic(doc, m_rtfMain->textCursor().position());
+    if (vForward) {
+        while (i < text.size() && bstrCharacterSet.contains(text.at(i)) == vNegate)
+            ++i;
+    } else {
+        while (i > 0 && bstrCharacterSet.contains(text.at(i - 1)) == vNegate)
+            --i;
+    }
+    QTextCursor cursor = m_rtfMain->textCursor();
+    cursor.setPosition(toDocument(doc, i));
+    m_rtfMain->setTextCursor(cursor);
+}
+
+void srcText::Span(const QString &bstrCharacterSet, bool vForward, bool vNegate)
+{
+    const QString text = Text();
+    const QTextDocument &doc = *m_rtfMain->document();
+    const qsizetype from = toPublic(doc, m_rtfMain->textCursor().position());
+    qsizetype i = from;
+    if (vForward) {
+        while (i < text.size() && bstrCharacterSet.contains(text.at(i)) != vNegate)
+            ++i;
+    } else {
+        while (i > 0 && bstrCharacterSet.contains(text.at(i - 1)) != vNegate)
+            --i;
+    }
+    QTextCursor cursor = m_rtfMain->textCursor();
+    cursor.setPosition(toDocument(doc, from));
+    cursor.setPosition(toDocument(doc, i), QTextCursor::KeepAnchor);
+    m_rtfMain->setTextCursor(cursor);
+}
+
+void srcText::SelPrint(QPagedPaintDevice *lHDC)
+{
+    if (!lHDC)
+        return;
+    const QTextCursor cursor = m_rtfMain->textCursor();
+    const QTextDocumentFragment fragment = cursor.hasSelection()
+                                               ? cursor.selection()
+                                               : QTextDocumentFragment(m_rtfMain->document());
+    QTextDocument printed;
+    printed.setDefaultFont(font());
+    QTextCursor(&printed).insertFragment(fragment);
+    printed.print(lHDC);
+}
+
+// ---- Events ----------------------------------------------------------------------------------
+
+void srcText::onContentsChange(int from, int removed, int added)
+{
+    if (m_colouring->isApplying() || (removed == 0 && added == 0))
+        return;
+    m_colouring->noteChange(from, removed, added);
+    if (m_loading)
+        return;
+    m_modified = true;
+    Q_EMIT Change();
+    if (!m_busy && !m_flushQueued) {
+        // Changes that come from no key of the control (undo, a drop, a text set by
+        // the program) are coloured as soon as the event loop is back.
+        m_flushQueued = true;
+        QTimer::singleShot(0, this, [this] { flushTyping(); });
+    }
+}
+
+void srcText::flushTyping()
+{
+    m_flushQueued = false;
+    m_colouring->flush(m_rtfMain->textCursor().position());
+}
+
+void srcText::emitSelChangeIfMoved()
+{
+    const qsizetype start = SelStart();
+    const qsizetype length = SelLength();
+    if (start == m_lastSelStart && length == m_lastSelLength)
+        return;
+    m_lastSelStart = start;
+    m_lastSelLength = length;
+    Q_EMIT SelChange();
+}
+
+} // namespace tessaro

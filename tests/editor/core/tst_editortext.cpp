@@ -1,0 +1,170 @@
+#include "editor/core/BlockEdit.h"
+#include "editor/core/ClassicColour.h"
+#include "editor/core/EditorPositions.h"
+#include "editor/core/LineEnds.h"
+#include "editor/core/MemberCall.h"
+#include "editor/core/PropertyBag.h"
+#include "support/TestSupport.h"
+
+#include <QTextDocument>
+
+using namespace tessaro;
+
+// An object with members callable by name, as the editor control has them.
+class Callee : public QObject
+{
+    Q_OBJECT
+public:
+    Q_INVOKABLE void Copy() { ++copies; }
+    Q_INVOKABLE int Twice(int n) { return 2 * n; }
+    Q_INVOKABLE void Named(const QString &title) { lastTitle = title; }
+    int copies = 0;
+    QString lastTitle;
+};
+
+class EditorTextTest : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void lineEndsListEveryBreakInOrder()
+    {
+        const LineEnds ends = scanLineEnds(QStringLiteral("a\r\nb\nc\rd\r\n"));
+        QCOMPARE(ends.breaks.size(), std::size_t(4));
+        QCOMPARE(ends.breaks[0], LineEnd::CRLF);
+        QCOMPARE(ends.breaks[1], LineEnd::LF);
+        QCOMPARE(ends.breaks[2], LineEnd::CR);
+        QCOMPARE(ends.breaks[3], LineEnd::CRLF);
+        QCOMPARE(ends.usual, LineEnd::CRLF);
+        QVERIFY(!ends.uniform);
+    }
+    void lineEndsOfAnLfFileAreLf()
+    {
+        const LineEnds ends = scanLineEnds(QStringLiteral("int x;\nint y;\n"));
+        QCOMPARE(ends.usual, LineEnd::LF);
+        QVERIFY(ends.uniform);
+        QCOMPARE(lineEndText(ends.usual), QStringLiteral("\n"));
+    }
+    void aTextWithoutBreaksUsesCrLf()
+    {
+        const LineEnds ends = scanLineEnds(QStringLiteral("one line"));
+        QVERIFY(ends.breaks.empty());
+        QCOMPARE(ends.usual, LineEnd::CRLF);
+        QVERIFY(ends.uniform);
+    }
+
+    void publicPositionsCountALineBreakAsTwo()
+    {
+        QTextDocument doc;
+        doc.setPlainText(QStringLiteral("ab\ncd\n\nef"));
+        QCOMPARE(positions::publicText(doc), QStringLiteral("ab\r\ncd\r\n\r\nef"));
+        QCOMPARE(positions::publicLength(doc), qsizetype(12));
+        QCOMPARE(positions::toPublic(doc, 0), qsizetype(0));
+        QCOMPARE(positions::toPublic(doc, 3), qsizetype(4));  // "c"
+        QCOMPARE(positions::toPublic(doc, 6), qsizetype(8));  // the empty line
+        QCOMPARE(positions::toPublic(doc, 9), qsizetype(12)); // the end
+        QCOMPARE(positions::toDocument(doc, 4), 3);
+        QCOMPARE(positions::toDocument(doc, 2), 2); // on the CR: the end of "ab"
+        QCOMPARE(positions::toDocument(doc, 3), 2); // on the LF: still the end of "ab"
+        QCOMPARE(positions::toDocument(doc, 10), 7);
+        QCOMPARE(positions::toDocument(doc, 99), 9);
+        QCOMPARE(positions::toDocument(doc, -5), 0);
+        for (int d = 0; d < doc.characterCount(); ++d)
+            QCOMPARE(positions::toDocument(doc, positions::toPublic(doc, d)), d);
+    }
+    void crLfLinesMapSnapshotPositionsToTheDocument()
+    {
+        const CrLfLines lines(QStringLiteral("ab\r\ncd\r\n\r\nef"));
+        QCOMPARE(lines.lineCount(), qsizetype(4));
+        QCOMPARE(lines.lineOf(5), qsizetype(1));
+        QCOMPARE(lines.lineLength(2), qsizetype(0));
+        QCOMPARE(lines.toDocument(4), qsizetype(3));
+        QCOMPARE(lines.toDocument(2), qsizetype(2)); // the CR is the document's break
+        QCOMPARE(lines.toDocument(3), qsizetype(3)); // the LF: the next line's start
+        QCOMPARE(lines.toDocument(12), qsizetype(9));
+    }
+
+    void propertyBagGivesDefaultsAndStoresOnlyWhatDiffers()
+    {
+        PropertyBag bag;
+        QCOMPARE(bag.ReadProperty(QStringLiteral("Indent"), 4).toInt(), 4);
+        bag.WriteProperty(QStringLiteral("Indent"), 4, 4);
+        QVERIFY(!bag.contains(QStringLiteral("Indent")));
+        bag.WriteProperty(QStringLiteral("Indent"), 8, 4);
+        QCOMPARE(bag.ReadProperty(QStringLiteral("Indent"), 4).toInt(), 8);
+        QCOMPARE(bag.readOrder(), QStringList({"Indent", "Indent"}));
+        QCOMPARE(bag.writeOrder(), QStringList({"Indent", "Indent"}));
+    }
+
+    void getIndentKeepsBlanksAndTabsAsTheyStand()
+    {
+        QCOMPARE(blockedit::GetIndent(QStringLiteral("\t  int x;")), QStringLiteral("\t  "));
+        QCOMPARE(blockedit::GetIndent(QStringLiteral("int x;")), QString());
+        QCOMPARE(blockedit::GetIndent(QStringLiteral("   ")), QStringLiteral("   "));
+        QCOMPARE(blockedit::GetIndent(QString()), QString());
+    }
+    void firstNonBlankCountsFromTheStart()
+    {
+        QCOMPARE(blockedit::firstNonBlank(QStringLiteral("  //x"), 0, QStringLiteral("//")), 3);
+        QCOMPARE(blockedit::firstNonBlank(QStringLiteral("  //x"), 2, QStringLiteral("//")), 2);
+        QCOMPARE(blockedit::firstNonBlank(QStringLiteral("//"), 1, QStringLiteral("//")), 1);
+        QCOMPARE(blockedit::firstNonBlank(QStringLiteral(" x //"), 1, QStringLiteral("//")), -1);
+        QCOMPARE(blockedit::firstNonBlank(QStringLiteral(" \t "), 1, QStringLiteral("//")), -2);
+        QCOMPARE(blockedit::firstNonBlank(QString(), 1, QStringLiteral("//")), -2);
+    }
+    void removingAMarkerLeavesTheIndentAndTheRest()
+    {
+        const auto r = blockedit::markerRemoval(QStringLiteral("\t// a"), QStringLiteral("//"));
+        QCOMPARE(r.offset, 1);
+        QCOMPARE(r.length, 2);
+        QCOMPARE(blockedit::markerRemoval(QStringLiteral("x // y"), QStringLiteral("//")).offset, -1);
+        QCOMPARE(blockedit::markerRemoval(QStringLiteral("    "), QStringLiteral("//")).offset, -1);
+    }
+    void blankOutdentNeedsTheWholeIndentUnit()
+    {
+        const QString four(4, u' ');
+        QCOMPARE(blockedit::markerRemoval(QStringLiteral("  x"), four).offset, -1);
+        QCOMPARE(blockedit::markerRemoval(QStringLiteral("      x"), four).offset, 0);
+        QCOMPARE(blockedit::markerRemoval(QStringLiteral("      x"), four).length, 4);
+        QCOMPARE(blockedit::markerRemoval(QStringLiteral("\tx"), four).offset, -1);
+    }
+    void tabOutdentSkipsLeadingBlanks()
+    {
+        QCOMPARE(blockedit::markerRemoval(QStringLiteral("  \tx"), QStringLiteral("\t")).offset, 2);
+        QCOMPARE(blockedit::markerRemoval(QStringLiteral("    x"), QStringLiteral("\t")).offset, -1);
+    }
+
+    void classicColoursAreBlueGreenRed()
+    {
+        const QPalette palette;
+        QCOMPARE(classiccolour::toColor(0x7F0000, palette), QColor(0, 0, 127));
+        QCOMPARE(classiccolour::toColor(32768, palette), QColor(0, 128, 0));
+        QCOMPARE(classiccolour::fromColor(QColor(0, 0, 255)), 0xFF0000u);
+        QVERIFY(classiccolour::isSystem(classiccolour::WindowBackground));
+        QCOMPARE(classiccolour::toColor(classiccolour::WindowBackground, palette),
+                 palette.color(QPalette::Base));
+    }
+
+    void membersAreCalledByName()
+    {
+        Callee callee;
+        QVERIFY(callMember(&callee, "Copy"));
+        QCOMPARE(callee.copies, 1);
+        QVariant result;
+        QVERIFY(callMember(&callee, "Twice", {21}, &result));
+        QCOMPARE(result.toInt(), 42);
+        QVERIFY(callMember(&callee, "Named", {QStringLiteral("Source 1")}));
+        QCOMPARE(callee.lastTitle, QStringLiteral("Source 1"));
+    }
+    void aMissingMemberFailsAndChangesNothing()
+    {
+        Callee callee;
+        QVERIFY(!callMember(&callee, "Cut"));
+        QVERIFY(!callMember(&callee, "PrintDoc", {QStringLiteral("title")}));
+        QVERIFY(!callMember(&callee, "Copy", {1}));
+        QVERIFY(!callMember(nullptr, "Copy"));
+        QCOMPARE(callee.copies, 0);
+    }
+};
+
+TESSARO_CORE_TEST_MAIN(EditorTextTest)
+#include "tst_editortext.moc"

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "editor/core/EditorPositions.h"
+#include "editor/ui/srcText.h"
+
+#include <QPlainTextEdit>
+#include <QTextBlock>
+#include <QTextCursor>
+#include <QTextDocument>
+
+namespace tessaro::test {
+
+// The foreground colour of the character at a public position of the control.
+inline QColor colourAt(const srcText &code, qsizetype publicPos)
+{
+    QTextDocument *doc = code.RTFBox()->document();
+    QTextCursor cursor(doc);
+    cursor.setPosition(positions::toDocument(*doc, publicPos) + 1);
+    const QTextCharFormat format = cursor.charFormat();
+    return format.hasProperty(QTextFormat::ForegroundBrush) ? format.foreground().color()
+                                                            : QColor();
+}
+
+// The foreground colour of the first character of a word of the text.
+inline QColor colourOf(const srcText &code, const QString &word, int occurrence = 0)
+{
+    const QString text = code.Text();
+    qsizetype at = -1;
+    for (int i = 0; i <= occurrence; ++i)
+        at = text.indexOf(word, at + 1);
+    return at < 0 ? QColor() : colourAt(code, at);
+}
+
+inline const QColor commentColour(0, 128, 0);
+inline const QColor keywordColour(0, 0, 127);
+inline const QColor textColour(0, 0, 0);
+
+} // namespace tessaro::test

@@ -1,0 +1,195 @@
+#include "EditorTestHelpers.h"
+#include "editor/ui/srcText.h"
+#include "platform/core/RuntimeError.h"
+#include "platform/core/TextFile.h"
+#include "support/TestSupport.h"
+
+#include <QRandomGenerator>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+
+using namespace tessaro;
+using namespace tessaro::test;
+
+class SrcTextFilesTest : public QObject
+{
+    Q_OBJECT
+private:
+    QTemporaryDir m_dir;
+
+    QString path(const QString &name) const { return m_dir.filePath(name); }
+    QString write(const QString &name, const QByteArray &bytes) const
+    {
+        textfile::writeBytes(path(name), bytes);
+        return path(name);
+    }
+    // Loads and saves a file and gives the saved bytes.
+    QByteArray roundTrip(const QByteArray &bytes, const QString &name = QStringLiteral("in.txt"))
+    {
+        srcText code;
+        code.LoadFile(write(name, bytes), 1);
+        code.SaveFile(path(QStringLiteral("out.txt")), 1);
+        return textfile::readBytes(path(QStringLiteral("out.txt")));
+    }
+
+private Q_SLOTS:
+    void anLfFileSavesWithLf()
+    {
+        const QByteArray bytes("int x;\nint y;\n");
+        QCOMPARE(roundTrip(bytes), bytes);
+    }
+    void aCrLfFileSavesWithCrLf()
+    {
+        const QByteArray bytes("int x;\r\nint y;\r\n\r\n");
+        QCOMPARE(roundTrip(bytes), bytes);
+    }
+    void mixedLineBreaksSaveAsTheyWere()
+    {
+        const QByteArray bytes("a\r\nb\nc\rd\n\r\ne");
+        QCOMPARE(roundTrip(bytes), bytes);
+    }
+    void everyByteValueSavesBackByteForByte()
+    {
+        QByteArray bytes;
+        for (int round = 0; round < 3; ++round)
+            for (int b = 0; b < 256; ++b)
+                bytes.append(char(b));
+        QCOMPARE(roundTrip(bytes), bytes);
+    }
+    void aBinaryFileSavesBackByteForByte()
+    {
+        QByteArray bytes(64 * 1024, '\0');
+        QRandomGenerator generator(20261121);
+        for (char &c : bytes)
+            c = char(generator.bounded(256));
+        QCOMPARE(roundTrip(bytes, QStringLiteral("blob.c")), bytes);
+    }
+    void anEmptyFileLoadsAndSavesEmpty()
+    {
+        QCOMPARE(roundTrip(QByteArray()), QByteArray());
+    }
+
+    void theTextJoinsLinesWithCrLfWhateverTheFileHas()
+    {
+        srcText code;
+        code.LoadFile(write(QStringLiteral("lf.txt"), "one\ntwo\n"), 1);
+        QCOMPARE(code.Text(), QStringLiteral("one\r\ntwo\r\n"));
+        QCOMPARE(code.CharacterCount(), qsizetype(10));
+    }
+
+    void aNewTextSavesWithCrLf()
+    {
+        srcText code;
+        code.setText(QStringLiteral("a\nb"));
+        code.SaveFile(path(QStringLiteral("new.c")), 1);
+        QCOMPARE(textfile::readBytes(path(QStringLiteral("new.c"))), QByteArray("a\r\nb"));
+        QVERIFY(code.Saved());
+        QVERIFY(!code.Modified());
+    }
+    void linesTypedIntoAnLfFileGetLf()
+    {
+        srcText code;
+        code.LoadFile(write(QStringLiteral("typed.txt"), "a\nb"), 1);
+        code.SetSelection(1, 1);
+        code.setSelText(QStringLiteral("\r\nx"));
+        code.SaveFile(path(QStringLiteral("typed-out.txt")), 1);
+        QCOMPARE(textfile::readBytes(path(QStringLiteral("typed-out.txt"))),
+                 QByteArray("a\nx\nb"));
+    }
+
+    void loadingSetsTheNameAndTellsTheContainer()
+    {
+        srcText code;
+        QSignalSpy loaded(&code, &srcText::FileLoaded);
+        QSignalSpy changed(&code, &srcText::Change);
+        const QString file = write(QStringLiteral("notes.txt"), "hello");
+        QVERIFY(code.LoadFile(file, 1));
+        QCOMPARE(code.FileName(), file);
+        QCOMPARE(code.FileTitle(), QStringLiteral("notes.txt"));
+        QCOMPARE(loaded.count(), 1);
+        QCOMPARE(loaded.at(0).at(0).toString(), file);
+        QCOMPARE(changed.count(), 0);
+        QVERIFY(!code.Modified());
+    }
+
+    void aFileNamedHppGetsModeNineAndNoColour()
+    {
+        srcText code;
+        QSignalSpy started(&code, &srcText::ProgressStart);
+        code.LoadFile(write(QStringLiteral("x.hpp"), "/* note */ int x;\n"), 1);
+        QCOMPARE(code.Mode(), 9);
+        QVERIFY(!code.isColouring());
+        QTest::qWait(50);
+        QCOMPARE(started.count(), 0);
+        QVERIFY(colourOf(code, QStringLiteral("note")) != commentColour);
+    }
+    void anUpperCaseExtensionIsNoCSource()
+    {
+        srcText code;
+        code.LoadFile(write(QStringLiteral("X.C"), "/* note */\n"), 1);
+        QCOMPARE(code.Mode(), 9);
+    }
+    void cSourcesGetModeSixAndAreColouredAtOnce()
+    {
+        for (const QString &name : {QStringLiteral("a.c"), QStringLiteral("a.h"),
+                                   QStringLiteral("a.cpp")}) {
+            srcText code;
+            QSignalSpy complete(&code, &srcText::ProgressComplete);
+            code.LoadFile(write(name, "int x; /* note */\n"), 1);
+            QCOMPARE(code.Mode(), 6);
+            QVERIFY(code.isColouring());
+            QVERIFY(complete.wait(5000));
+            QCOMPARE(colourOf(code, QStringLiteral("note")), commentColour);
+            QCOMPARE(colourOf(code, QStringLiteral("x;")), textColour);
+        }
+    }
+
+    void aMissingFileIsReportedAndEndsTheCallersCommand()
+    {
+        RecordingMessageBox box;
+        srcText code;
+        code.setText(QStringLiteral("kept"));
+        QSignalSpy loaded(&code, &srcText::FileLoaded);
+        try {
+            code.LoadFile(path(QStringLiteral("missing.c")), 1);
+            QFAIL("no error");
+        } catch (const RuntimeError &error) {
+            QCOMPARE(error.number(), qint64(RuntimeError::FileNotFound));
+        }
+        QCOMPARE(box.calls.size(), 1);
+        QVERIFY(box.calls.at(0).prompt.startsWith(QStringLiteral("File not found")));
+        QCOMPARE(code.Text(), QStringLiteral("kept"));
+        QCOMPARE(code.FileName(), QString());
+        QCOMPARE(loaded.count(), 0);
+    }
+
+    void savingIgnoresItsErrors()
+    {
+        srcText code;
+        code.setText(QStringLiteral("text"));
+        code.SaveFile(path(QStringLiteral("no/such/folder/x.c")), 1);
+        QVERIFY(!code.Saved());
+        QVERIFY(!QFile::exists(path(QStringLiteral("no/such/folder/x.c"))));
+    }
+    void savingWritesPlainTextWithoutColours()
+    {
+        srcText code;
+        QSignalSpy complete(&code, &srcText::ProgressComplete);
+        const QByteArray bytes("/* comment */\r\nint main(void) { return 0; }\r\n");
+        code.LoadFile(write(QStringLiteral("plain.c"), bytes), 1);
+        QVERIFY(complete.wait(5000));
+        code.SaveFile(path(QStringLiteral("plain-out.c")), 1);
+        QCOMPARE(textfile::readBytes(path(QStringLiteral("plain-out.c"))), bytes);
+    }
+    void savingReplacesTheFileWhole()
+    {
+        srcText code;
+        const QString file = write(QStringLiteral("whole.txt"), "a much longer old text\n");
+        code.setText(QStringLiteral("new"));
+        code.SaveFile(file, 1);
+        QCOMPARE(textfile::readBytes(file), QByteArray("new"));
+    }
+};
+
+TESSARO_TEST_MAIN(SrcTextFilesTest)
+#include "tst_srctext_files.moc"
