@@ -31,8 +31,15 @@ MenuEntry hidden(MenuEntry e)
     return e;
 }
 
+MenuEntry checkable(MenuEntry e)
+{
+    e.checkable = true;
+    return e;
+}
+
 MenuEntry checked(MenuEntry e)
 {
+    e.checkable = true;
     e.checked = true;
     return e;
 }
@@ -82,7 +89,8 @@ QVector<MenuEntry> buildTable()
     t << item(0, "mnuView", QStringLiteral("&View"))
       << checked(item(1, "mnuViewToolbar", QStringLiteral("&Toolbar")))
       << checked(item(1, "mnuViewStatusBar", QStringLiteral("Status &Bar")))
-      << item(1, "mnuViewOutput", QStringLiteral("&Output")) << separator(1, "mnuViewBar0")
+      << checkable(item(1, "mnuViewOutput", QStringLiteral("&Output")))
+      << separator(1, "mnuViewBar0")
       << disabled(item(1, "mnuViewRefresh", QStringLiteral("&Refresh")))
       << disabled(item(1, "mnuViewOptions", QStringLiteral("&Options...")));
 

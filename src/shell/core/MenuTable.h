@@ -13,10 +13,11 @@ namespace tessaro {
 // "<name>_<index>": "mnuFileMRU_1" .. "mnuFileMRU_3".
 struct MenuEntry
 {
-    int level = 0;    // 0 = a title on the menu bar, 1 = its items, 2 = items of a submenu
-    QString name;     // objectName of the QAction (and of the QMenu for a menu)
-    QString caption;  // exact text with its access key; "-" for a separator
-    QString shortcut; // the item's own accelerator in portable text ("Ctrl+N"), or ""
+    int level = 0;          // 0 = a title on the menu bar, 1 = its items, 2 = items of a submenu
+    QString name;           // objectName of the QAction (and of the QMenu for a menu)
+    QString caption;        // exact text with its access key; "-" for a separator
+    QString shortcut;       // the item's own accelerator in portable text ("Ctrl+N"), or ""
+    bool checkable = false; // shows a check mark that its command turns on and off
     bool checked = false;
     bool enabled = true;
     bool visible = true;

@@ -22,7 +22,7 @@ void applyDesignState(QAction *action, const MenuEntry &entry)
         action->setText(entry.caption);
         if (!entry.shortcut.isEmpty())
             action->setShortcut(QKeySequence(entry.shortcut, QKeySequence::PortableText));
-        action->setCheckable(entry.checked);
+        action->setCheckable(entry.checkable);
         action->setChecked(entry.checked);
     }
     action->setEnabled(entry.enabled);

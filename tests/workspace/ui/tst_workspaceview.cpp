@@ -12,6 +12,8 @@
 #include <QComboBox>
 #include <QListWidget>
 #include <QTemporaryDir>
+#include <QTabBar>
+#include <QTimer>
 #include <QTreeWidget>
 
 using namespace tessaro;
@@ -71,8 +73,19 @@ class WorkspaceViewTest : public QObject
         QVERIFY2(action, name);
         action->trigger();
     }
+    // The left pane's controls take clicks only while their page ("picOptions_<n>") is
+    // the one its tab shows.
+    static void showPageOf(QWidget *control)
+    {
+        QWidget *tabs = control->window()->findChild<QWidget *>("tbsOptions");
+        const QString page = control->parentWidget()->objectName();
+        if (tabs && page.startsWith("picOptions_"))
+            tabs->findChild<QTabBar *>()->setCurrentIndex(page.mid(11).toInt());
+    }
+
     void click(QTreeWidget *tree, const QString &key)
     {
+        showPageOf(tree);
         QTreeWidgetItem *item = itemWithKey(tree, key);
         QVERIFY2(item, qPrintable(key));
         tree->scrollToItem(item);
@@ -84,6 +97,7 @@ class WorkspaceViewTest : public QObject
     // double-click event.
     static void doubleClick(QListWidget *list, QListWidgetItem *item)
     {
+        showPageOf(list);
         const QPoint at = list->visualItemRect(item).center();
         QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, at);
         QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, at);
@@ -109,6 +123,9 @@ private Q_SLOTS:
         }
         m_frame->resize(800, 600);
         m_frame->show();
+        // These tests read PendingOpenPath before the main window's timer would open it.
+        if (auto *timer = m_frame->findChild<QTimer *>("Timer1"))
+            timer->stop();
         QVERIFY(code1() && list1() && drive1() && dir1() && file1());
     }
     void cleanup() { m_frame.reset(); }

@@ -1,0 +1,124 @@
+#include "shell/ui/MainPanes.h"
+
+#include "shell/ui/LeftPane.h"
+#include "shell/ui/ReBar.h"
+#include "shell/ui/TwipsGeometry.h"
+
+#include <QComboBox>
+#include <QEvent>
+#include <QFontDatabase>
+#include <QFontInfo>
+#include <QListWidget>
+#include <QMdiArea>
+#include <QPushButton>
+#include <QToolBar>
+
+namespace tessaro {
+
+namespace {
+
+// "Courier" when the system has it, else the system's fixed-pitch font.
+QFont courier()
+{
+    QFont font(QStringLiteral("Courier"));
+    font.setStyleHint(QFont::TypeWriter);
+    if (!QFontInfo(font).fixedPitch())
+        font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    return font;
+}
+
+} // namespace
+
+MainPanes::MainPanes(QMdiArea *mdiArea, QWidget *parent)
+    : QWidget(parent), m_output(new QWidget(this)), m_lstOut(new QListWidget(m_output)),
+      m_left(new LeftPane(this)), m_holder(new QWidget(this)), m_rebar(new ReBar(m_holder)),
+      m_findPanel(new QWidget), m_fndText(new QComboBox(m_findPanel)),
+      m_cmdFind(new QPushButton(QStringLiteral("Find"), m_findPanel)), m_mdiArea(mdiArea)
+{
+    setObjectName(QStringLiteral("MainPanes"));
+    const double tpp = twipsPerPixelOf(this);
+
+    m_output->setObjectName(QStringLiteral("Picture3"));
+    m_lstOut->setObjectName(QStringLiteral("lstOut"));
+    m_lstOut->setFont(courier());
+    m_output->installEventFilter(this);
+
+    m_holder->setObjectName(QStringLiteral("picHolder"));
+    m_rebar->setObjectName(QStringLiteral("cReBar1"));
+
+    m_findPanel->setObjectName(QStringLiteral("Picture2"));
+    m_findPanel->setFixedSize(twipsToPixels(6975, tpp), twipsToPixels(315, tpp));
+    m_fndText->setObjectName(QStringLiteral("fndText"));
+    m_fndText->setEditable(true);
+    // Enter in the box neither searches nor adds the text to the list.
+    m_fndText->setInsertPolicy(QComboBox::NoInsert);
+    placeInTwips(m_fndText, {0, 0, 5775, 315}, tpp);
+    m_cmdFind->setObjectName(QStringLiteral("cmdFind"));
+    m_cmdFind->setAutoDefault(false);
+    placeInTwips(m_cmdFind, {5880, 0, 1095, 315}, tpp);
+
+    mdiArea->setParent(this);
+    connect(m_left, &LeftPane::widthChanged, this, &MainPanes::arrange);
+}
+
+void MainPanes::addBands(QToolBar *toolbar)
+{
+    m_rebar->addBand(toolbar, QString(), QStringLiteral("Toolbar1"));
+    m_rebar->addBand(m_findPanel, QStringLiteral("Find"), QStringLiteral("Toolbar2"));
+    arrange();
+}
+
+void MainPanes::picHolder_Resize()
+{
+    const int h = m_rebar->sizeHint().height();
+    m_rebar->setGeometry(0, 0, m_holder->width(), h);
+    m_holder->resize(m_holder->width(), h);
+}
+
+void MainPanes::Picture3_Resize()
+{
+    m_lstOut->setGeometry(0, 0, m_output->width(), m_output->height());
+}
+
+void MainPanes::arrange()
+{
+    const double tpp = twipsPerPixelOf(this);
+    const int w = width();
+    int top = 0;
+    int bottom = height();
+    if (!m_holder->isHidden()) {
+        m_holder->setGeometry(0, 0, w, m_rebar->sizeHint().height());
+        picHolder_Resize();
+        top = m_holder->height();
+    }
+    if (!m_output->isHidden()) {
+        const int h = twipsToPixels(m_outputHeightTwips, tpp);
+        bottom = std::max(top, bottom - h);
+        m_output->setGeometry(0, bottom, w, height() - bottom);
+    }
+    int left = 0;
+    if (!m_left->isHidden()) {
+        const int paneWidth = std::min(w, twipsToPixels(m_left->twips().Picture1.width, tpp));
+        m_left->setGeometry(0, top, paneWidth, bottom - top);
+        left = paneWidth;
+    }
+    m_mdiArea->setGeometry(left, top, w - left, bottom - top);
+}
+
+void MainPanes::resizeEvent(QResizeEvent *)
+{
+    arrange();
+}
+
+bool MainPanes::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == m_output) {
+        if (event->type() == QEvent::Resize)
+            Picture3_Resize();
+        else if (event->type() == QEvent::ShowToParent || event->type() == QEvent::HideToParent)
+            arrange();
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+} // namespace tessaro

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QWidget>
+
+class QHBoxLayout;
+
+namespace tessaro {
+
+// A band container: a row of bands, each with a grip, an optional caption and the
+// window it holds. Bands are found by their key (the band's objectName is
+// "<rebar name>_<key>").
+class ReBar : public QWidget
+{
+    Q_OBJECT
+public:
+    explicit ReBar(QWidget *parent = nullptr);
+
+    // Adds a band holding `child`; returns the band.
+    QWidget *addBand(QWidget *child, const QString &caption, const QString &key);
+    QWidget *band(const QString &key) const;
+    int bandCount() const { return m_bands; }
+
+private:
+    QHBoxLayout *m_layout;
+    int m_bands = 0;
+};
+
+} // namespace tessaro
