@@ -372,6 +372,34 @@ private Q_SLOTS:
         QVERIFY(app().caretMoved);
     }
 
+    void theMainTimerOpensAStructureEntryAtItsDeclaration()
+    {
+        const QString h = writeFile("timer.h", "int a;\ntypedef struct b_s { int b; } b_t;\n");
+        const QString tdi = writeFile("timer.tdi", ("HEAD=" + h + "\r\n\r\n").toUtf8());
+        test::ScriptedCommonDialog dialog;
+        dialog.answers << tdi;
+        trigger("mnuFileOW");
+        WorkspaceCommands::of(*m_frame)->session().structNodeSelected(h + "-9");
+        QCOMPARE(app().pendingOpenPath, h);
+        QTRY_COMPARE_WITH_TIMEOUT(documents().size(), 1, 1000);
+        frmDocument *document = documents().last();
+        QCOMPARE(document->caption(), h);
+        // The 1-based position puts the caret one character into "typedef struct".
+        QCOMPARE(document->code()->SelStart(), 9);
+        QCOMPARE(document->code()->Text().mid(8, 14), QStringLiteral("typedef struct"));
+        QCOMPARE(app().pendingOpenPath, QString());
+        QCOMPARE(app().pendingCaretPosition, 0);
+    }
+
+    void theResourcesGroupNodeOpensAFileNamedR()
+    {
+        test::RecordingMessageBox box;
+        WorkspaceCommands::of(*m_frame)->session().fileNodeSelected("R");
+        QTRY_COMPARE_WITH_TIMEOUT(documents().size(), 1, 1000);
+        QCOMPARE(documents().last()->caption(), QStringLiteral("R - Colour Coding..."));
+        QCOMPARE(box.calls.size(), 1);
+    }
+
     void theDocumentFillsItsWindow()
     {
         trigger("mnuFileNew");
