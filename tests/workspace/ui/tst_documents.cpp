@@ -1,6 +1,7 @@
 #include "editor/ui/srcText.h"
 #include "platform/core/TextFile.h"
 #include "search/ui/frmFnF.h"
+#include "search/ui/frmOut.h"
 #include "shell/core/AppState.h"
 #include "shell/ui/frmMain.h"
 #include "support/TestSupport.h"
@@ -216,11 +217,22 @@ private Q_SLOTS:
         QCOMPARE(dialog.requests.size(), 1);
     }
 
-    void saveAndSaveAsDoNothingWithAnotherWindowActive()
+    void saveAndSaveAsDoNothingWithAToolWindowActive_data()
     {
+        QTest::addColumn<bool>("findInFiles");
+        QTest::newRow("frmFnF") << true;
+        QTest::newRow("frmOut") << false;
+    }
+    void saveAndSaveAsDoNothingWithAToolWindowActive()
+    {
+        QFETCH(bool, findInFiles);
+        test::RecordingMessageBox box;
         trigger("mnuFileNew");
-        auto *find = new search::frmFnF;
-        QMdiSubWindow *child = m_frame->mdiArea()->addSubWindow(find);
+        type(documents().last(), "unsaved");
+        static const search::FindInFilesQuery query; // the window keeps a reference
+        QWidget *tool =
+            findInFiles ? static_cast<QWidget *>(new search::frmFnF) : new search::frmOut(query);
+        QMdiSubWindow *child = m_frame->mdiArea()->addSubWindow(tool);
         child->show();
         m_frame->mdiArea()->setActiveSubWindow(child);
         QCOMPARE(m_frame->mdiArea()->currentSubWindow(), child);
@@ -228,6 +240,26 @@ private Q_SLOTS:
         trigger("mnuFileSave");
         trigger("mnuFileSaveAs");
         QVERIFY(dialog.requests.isEmpty());
+        QCOMPARE(documents().last()->caption(), QStringLiteral("Source 1"));
+        child->close();
+    }
+
+    void thePromptTreatsACaptionBeginningWithSourceAsUntitled()
+    {
+        const QString path = writeFile("prompt-titled.c", "t\r\n");
+        m_frame->LoadDocument(path);
+        frmDocument *document = documents().last();
+        document->setCaption("Source.c");
+        type(document, "x");
+        test::RecordingMessageBox box;
+        box.answers << mb::Yes;
+        test::ScriptedCommonDialog dialog;
+        dialog.answers << m_dir.filePath("chosen.c");
+        trigger("mnuFileClose");
+        QCOMPARE(dialog.requests.size(), 1);
+        QCOMPARE(dialog.requests[0].filter, QStringLiteral("All Files (*.*)|*.*"));
+        QCOMPARE(textfile::readBytes(m_dir.filePath("chosen.c")), QByteArray("xt\r\n"));
+        QCOMPARE(textfile::readBytes(path), QByteArray("t\r\n"));
     }
 
     void saveAndCloseWithNoWindowDoNothing()
