@@ -1,8 +1,8 @@
 #include "search/ui/DocumentFindTarget.h"
 
 #include "platform/core/RuntimeError.h"
+#include "shell/ui/ActiveDocument.h"
 
-#include <QMetaObject>
 #include <QVariant>
 
 namespace tessaro::search {
@@ -19,7 +19,7 @@ namespace {
 
 QVariant DocumentFindTarget::property(const char *name) const
 {
-    const QVariant value = m_code ? m_code->property(name) : QVariant();
+    const QVariant value = readByName(m_code.data(), name);
     if (!value.isValid())
         notSupported();
     return value;
@@ -37,9 +37,7 @@ qint32 DocumentFindTarget::textLength() const
 
 void DocumentFindTarget::find(const QString &text, qint32 start, qint32 end)
 {
-    if (!m_code ||
-        !QMetaObject::invokeMethod(m_code.data(), "Find", Qt::DirectConnection,
-                                   Q_ARG(QString, text), Q_ARG(qint32, start), Q_ARG(qint32, end)))
+    if (!callByName(m_code.data(), "Find", {text, start, end}))
         notSupported();
 }
 

@@ -7,6 +7,7 @@
 #include "search/ui/frmFnF.h"
 #include "search/ui/frmOut.h"
 #include "shell/core/AppState.h"
+#include "shell/ui/ActiveDocument.h"
 #include "shell/ui/frmMain.h"
 #include "workspace/ui/FileBrowser.h"
 
@@ -73,11 +74,10 @@ QComboBox *SearchCommands::findBox() const
 
 std::unique_ptr<FindTarget> SearchCommands::activeDocument() const
 {
-    QMdiSubWindow *child = m_main.mdiArea()->currentSubWindow();
-    QWidget *form = child ? child->widget() : nullptr;
-    if (!form || qobject_cast<frmOut *>(form) || qobject_cast<frmFnF *>(form))
+    QMdiSubWindow *child = activeChild(m_main.mdiArea());
+    if (!child || isOutputOrFindInFiles(child))
         return nullptr;
-    QObject *code = form->findChild<QObject *>(QStringLiteral("code"));
+    QObject *code = codeOf(child);
     if (!code)
         throw RuntimeError(438, QStringLiteral("Object doesn't support this property or method"),
                            QStringLiteral("Tessaro"));

@@ -1,6 +1,7 @@
 #include "shell/ui/MainWindowSetup.h"
 
 #include "build/ui/BuildCommands.h"
+#include "search/ui/SearchCommands.h"
 #include "shell/core/MenuTable.h"
 #include "shell/ui/LeftPane.h"
 #include "shell/ui/MainCommands.h"
@@ -40,6 +41,7 @@ void setUpMainWindow(frmMain &frame)
     // Each subsystem connects its own commands to the menu and toolbar actions.
     BuildCommands::install(frame);
     ToolsCommands::install(frame);
+    search::SearchCommands::install(frame);
 }
 
 } // namespace tessaro

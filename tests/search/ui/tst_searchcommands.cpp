@@ -7,6 +7,7 @@
 #include "search/ui/frmFnF.h"
 #include "search/ui/frmOut.h"
 #include "shell/core/AppState.h"
+#include "shell/ui/MainToolbar.h"
 #include "shell/ui/frmMain.h"
 #include "support/TestSupport.h"
 #include "workspace/ui/FileBrowser.h"
@@ -112,23 +113,16 @@ private Q_SLOTS:
         QVERIFY(m_dir.isValid());
         resetApp();
         m_main = std::make_unique<frmMain>();
-        // The find box and its button, made here when the main window has none yet.
         m_box = m_main->findChild<QComboBox *>(QStringLiteral("fndText"));
-        if (!m_box) {
-            m_box = new QComboBox(m_main.get());
-            m_box->setObjectName(QStringLiteral("fndText"));
-            m_box->setEditable(true);
-        }
         m_find = m_main->findChild<QAbstractButton *>(QStringLiteral("cmdFind"));
-        if (!m_find) {
-            m_find = new QPushButton(QStringLiteral("Find"), m_main.get());
-            m_find->setObjectName(QStringLiteral("cmdFind"));
-        }
         m_commands = m_main->findChild<SearchCommands *>();
-        if (!m_commands)
-            m_commands = SearchCommands::install(*m_main);
+        QVERIFY(m_box);
+        QVERIFY(m_find);
+        QVERIFY(m_commands);
         m_commands->setBrowserFolderSource([] { return QStringLiteral("/mod"); });
         m_main->show();
+        m_main->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(m_main.get()));
     }
 
     void cleanup() { m_main.reset(); }
@@ -150,6 +144,19 @@ private Q_SLOTS:
         QCOMPARE(m_box->count(), 1);
         QCOMPARE(m_box->itemText(0), QStringLiteral("aa"));
         QCOMPARE(m_box->currentText(), QStringLiteral("aa"));
+    }
+
+    void theToolbarsFindButtonSearchesLikeTheFindBoxButton()
+    {
+        FakeEditor *doc = openDocument(QStringLiteral("aaaa"));
+        m_box->setEditText(QStringLiteral("AA"));
+        auto *toolbar = m_main->findChild<MainToolbar *>();
+        QVERIFY(toolbar);
+        toolbar->dispatchKey(QStringLiteral("Find"));
+        QCOMPARE(doc->selStart(), 1);
+        toolbar->dispatchKey(QStringLiteral("Find"));
+        QCOMPARE(doc->selStart(), 2);
+        QCOMPARE(m_box->count(), 1);
     }
 
     void findAgainAddsTheChangedBoxTextEveryTime()
@@ -286,8 +293,7 @@ private Q_SLOTS:
         QVERIFY(browser);
         browser->setDirPath(m_dir.path());
         auto *commands = main.findChild<SearchCommands *>();
-        if (!commands)
-            commands = SearchCommands::install(main);
+        QVERIFY(commands);
         commands->mnuEditFindnF_Click();
         QCOMPARE(commands->query().folder, m_dir.path() + QStringLiteral("/"));
     }

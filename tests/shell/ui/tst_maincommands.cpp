@@ -121,6 +121,7 @@ private Q_SLOTS:
     void helpWithoutAHelpFileSaysSoWithTheInformationIcon();
     void helpWithAMissingFileShowsTheError();
     void helpWithAFileOpensItInTheDesktopViewer();
+    void findAgainBeforeAnySearchDoesNothing();
     void newWindowRunsFileNew();
     void exitClosesTheMainWindow();
 
@@ -457,6 +458,22 @@ void MainCommandsTest::helpWithAFileOpensItInTheDesktopViewer()
     }
     QDesktopServices::unsetUrlHandler(QStringLiteral("file"));
     QCOMPARE(viewer.urls, QList<QUrl>({QUrl::fromLocalFile(help), QUrl::fromLocalFile(help)}));
+}
+
+void MainCommandsTest::findAgainBeforeAnySearchDoesNothing()
+{
+    frmMain frame;
+    frame.show();
+    auto *editor = new PrintingEditor;
+    openWindow(frame, editor, QStringLiteral("a.c"));
+    test::RecordingMessageBox box;
+    QAction *findAgain = frame.action(QStringLiteral("mnuEditFA"));
+    QCOMPARE(findAgain->shortcut(), QKeySequence(Qt::Key_F3));
+    findAgain->trigger();
+    QTest::keyClick(&frame, Qt::Key_F3);
+    QVERIFY(editor->calls.isEmpty());
+    QVERIFY(box.calls.isEmpty());
+    QCOMPARE(frame.mdiArea()->subWindowList().size(), 1);
 }
 
 void MainCommandsTest::newWindowRunsFileNew()

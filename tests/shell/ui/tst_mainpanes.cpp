@@ -54,6 +54,7 @@ private Q_SLOTS:
     void ctrlTabOnTheLastTabSelectsFileViewAgain();
     void onlyCtrlAloneWithTabSwitchesTabs();
     void hidingTheOutputPaneGivesItsRoomToTheDocuments();
+    void theBarIsSetUpForDraggingAtStart();
     void draggingTheBarMovesItAndThePaneFollows();
     void draggingPastTheRightEdgeStopsThirtyTwoPixelsInside();
     void releasingWithoutAPressLeavesThePaneAlone();
@@ -282,6 +283,20 @@ void MainPanesTest::hidingTheOutputPaneGivesItsRoomToTheDocuments()
     QCOMPARE(documents->x(), pane->width());
     child(frame, "Picture3")->show();
     QCOMPARE(documents->height(), before);
+}
+
+void MainPanesTest::theBarIsSetUpForDraggingAtStart()
+{
+    frmMain frame;
+    auto *bar = child<QFrame>(frame, "picVert");
+    QCOMPARE(bar->frameShape(), QFrame::NoFrame);
+    QCOMPARE(bar->cursor().shape(), Qt::SizeHorCursor);
+    QCOMPARE(bar->geometry(), QRect(px(2640), 0, px(48), bar->height()));
+    auto *split = child<MainSplitter>(frame, "splitter");
+    QCOMPARE(split->splitter().Border(2), 0);
+    QCOMPARE(split->splitter().Border(4), 0);
+    QVERIFY(!split->splitter().isDragging());
+    QVERIFY(!split->dragBand()->isVisible());
 }
 
 void MainPanesTest::draggingTheBarMovesItAndThePaneFollows()
