@@ -42,17 +42,16 @@ const BoolKey kBoolKeys[] = {
 
 // The order in which the tool settings are written back (it differs from the reading
 // order: "params" comes before "asmPath", "sufparam" after "lrcparams").
-const char *const kWriteOrder[] = {"ftpPath",  "webPath",  "emaPath",   "comPath",
-                                   "params",   "asmPath",  "lnkPath",   "lnkparams",
-                                   "lrcPath",  "lrcparams", "sufparam", "comLCC",
-                                   "objOBJ",   "useLnk"};
+const char *const kWriteOrder[] = {"ftpPath",  "webPath", "emaPath",   "comPath", "params",
+                                   "asmPath",  "lnkPath", "lnkparams", "lrcPath", "lrcparams",
+                                   "sufparam", "comLCC",  "objOBJ",    "useLnk"};
 
 } // namespace
 
 QString IniSettingsStore::filePath(const QString &application)
 {
-    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + QLatin1Char('/')
-           + application + QLatin1Char('/') + application + QStringLiteral(".ini");
+    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
+           QLatin1Char('/') + application + QLatin1Char('/') + application + QStringLiteral(".ini");
 }
 
 QString IniSettingsStore::getSetting(const QString &application, const QString &section,
@@ -106,7 +105,8 @@ LoadedSettings loadSettings(SettingsStore &store)
     LoadedSettings loaded;
     const QString app = appTitle();
     auto readSingle = [&](const char *key, float defaultValue) {
-        return toSingle(store.getSetting(app, kSection, QLatin1String(key), singleText(defaultValue)));
+        return toSingle(
+            store.getSetting(app, kSection, QLatin1String(key), singleText(defaultValue)));
     };
     loaded.window.left = readSingle("MainLeft", 1000);
     loaded.window.top = readSingle("MainTop", 1000);

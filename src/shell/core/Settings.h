@@ -13,8 +13,8 @@ public:
     virtual ~SettingsStore() = default;
     virtual QString getSetting(const QString &application, const QString &section,
                                const QString &key, const QString &defaultValue) = 0;
-    virtual void saveSetting(const QString &application, const QString &section,
-                             const QString &key, const QString &value) = 0;
+    virtual void saveSetting(const QString &application, const QString &section, const QString &key,
+                             const QString &value) = 0;
 };
 
 // The real store: $XDG_CONFIG_HOME/<application>/<application>.ini, one group per
@@ -84,9 +84,12 @@ void saveSettings(SettingsStore &store, const ToolSettings &tools,
                   const std::optional<WindowRect> &window);
 
 // Text conversions of the classic run-time.
-float toSingle(const QString &text);  // raises 13 for text that is not a number
-bool toBoolean(const QString &text);  // "True"/"False" (any case) or numeric; else 13
-QString singleText(float value);      // shortest decimal text
-inline QString booleanText(bool value) { return value ? QStringLiteral("True") : QStringLiteral("False"); }
+float toSingle(const QString &text); // raises 13 for text that is not a number
+bool toBoolean(const QString &text); // "True"/"False" (any case) or numeric; else 13
+QString singleText(float value);     // shortest decimal text
+inline QString booleanText(bool value)
+{
+    return value ? QStringLiteral("True") : QStringLiteral("False");
+}
 
 } // namespace tessaro

@@ -2,6 +2,8 @@
 
 #include "platform/core/AppInfo.h"
 #include "platform/core/ErrorTraps.h"
+#include "shell/core/Settings.h"
+#include "shell/core/WindowPlacement.h"
 #include "shell/ui/MainWindowSetup.h"
 #include "workspace/ui/DocumentCommands.h"
 #include "workspace/ui/FileBrowser.h"
@@ -19,14 +21,18 @@ frmMain::frmMain(QWidget *parent) : QMainWindow(parent), m_mdiArea(new QMdiArea(
     setWindowTitle(appTitle());
     m_mdiArea->setObjectName(QStringLiteral("MDIClient"));
     setCentralWidget(m_mdiArea);
-    setWindowTitle(QStringLiteral("%1 v%2.%3").arg(appTitle()).arg(versionMajor()).arg(versionMinor()));
     setUpMainWindow(*this);
     DocumentCommands::install(*this);
     WorkspaceCommands::install(*this);
     FileBrowser::install(*this);
+    setLoadStep(LoadStep::FileBrowserFolder,
+                [this] { FileBrowser::of(*this)->showFolder(QStringLiteral("/")); });
 }
 
-QAction *frmMain::action(const QString &name) const { return findChild<QAction *>(name); }
+QAction *frmMain::action(const QString &name) const
+{
+    return findChild<QAction *>(name);
+}
 
 void frmMain::LoadDocument(const QString &path) { DocumentCommands::install(*this)->LoadDocument(path); }
 

@@ -148,6 +148,12 @@ bool saveRoot(const QString &file, const Node &tree)
     return f.write(bytes) == bytes.size() && f.commit();
 }
 
+// Whether an existing root file could be replaced.
+bool isWritable(const QString &file)
+{
+    return QFileInfo(file).isWritable() && QFileInfo(QFileInfo(file).absolutePath()).isWritable();
+}
+
 Node *findKey(Node &tree, const QString &path)
 {
     Node *node = &tree;
@@ -230,8 +236,7 @@ bool RegistryStore::createKey(quint32 root, const QString &path)
     // Creating a key that exists only opens it, but the root must still be writable:
     // the key is opened for all access.
     if (!changed && QFileInfo::exists(file))
-        return QFileInfo(file).isWritable() &&
-               QFileInfo(QFileInfo(file).absolutePath()).isWritable();
+        return isWritable(file);
     return saveRoot(file, loaded.tree);
 }
 
@@ -295,10 +300,16 @@ bool RegistryStore::setValue(quint32 root, const QString &path, const QString &n
     if (!key)
         return false;
     const int index = key->valueIndex(name);
-    if (index < 0)
+    if (index < 0) {
         key->values.emplace_back(name, value);
-    else
-        key->values[size_t(index)].second = value;
+    } else {
+        RegistryValue &stored = key->values[size_t(index)].second;
+        // An unchanged value is not written again (start-up sets the same values at
+        // every start), but the root must still be writable, as for any write.
+        if (stored.type == value.type && stored.data == value.data)
+            return isWritable(file);
+        stored = value;
+    }
     return saveRoot(file, loaded.tree);
 }
 

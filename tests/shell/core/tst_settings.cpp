@@ -51,7 +51,7 @@ private Q_SLOTS:
         QCOMPARE(s.tools.comPath, QString("c:\\quake3\\bin_nt\\lcc.exe"));
         QCOMPARE(s.tools.asmPath, QString("c:\\quake3\\bin_nt\\q3asm.exe"));
         for (const char *key : {"ftpPath", "webPath", "emaPath", "lnkPath", "params", "lnkparams",
-                                   "sufparam", "lrcPath", "lrcparams"})
+                                "sufparam", "lrcPath", "lrcparams"})
             QCOMPARE(*s.tools.value(QLatin1String(key)), QString());
         QVERIFY(s.tools.comLCC && s.tools.objOBJ && s.tools.useLnk);
         QCOMPARE(store.lastApp, QString("Tessaro"));
@@ -61,19 +61,20 @@ private Q_SLOTS:
     {
         MemoryStore store;
         loadSettings(store);
-        QCOMPARE(store.reads,
-                 (QStringList{"MainLeft", "MainTop", "MainWidth", "MainHeight", "ftpPath", "webPath",
-                              "emaPath", "comPath", "asmPath", "lnkPath", "params", "lnkparams",
-                              "sufparam", "lrcPath", "lrcparams", "comLCC", "objOBJ", "useLnk"}));
+        QCOMPARE(store.reads, (QStringList{"MainLeft", "MainTop", "MainWidth", "MainHeight",
+                                           "ftpPath", "webPath", "emaPath", "comPath", "asmPath",
+                                           "lnkPath", "params", "lnkparams", "sufparam", "lrcPath",
+                                           "lrcparams", "comLCC", "objOBJ", "useLnk"}));
     }
     void settingsAreWrittenInTheirOrder()
     {
         MemoryStore store;
         saveSettings(store, ToolSettings(), WindowRect());
-        QCOMPARE(store.writes,
-                 (QStringList{"MainLeft", "MainTop", "MainWidth", "MainHeight", "ftpPath", "webPath",
-                              "emaPath", "comPath", "params", "asmPath", "lnkPath", "lnkparams",
-                              "lrcPath", "lrcparams", "sufparam", "comLCC", "objOBJ", "useLnk"}));
+        QCOMPARE(
+            store.writes,
+            (QStringList{"MainLeft", "MainTop", "MainWidth", "MainHeight", "ftpPath", "webPath",
+                         "emaPath", "comPath", "params", "asmPath", "lnkPath", "lnkparams",
+                         "lrcPath", "lrcparams", "sufparam", "comLCC", "objOBJ", "useLnk"}));
         QCOMPARE(store.values["MainLeft"], QString("1000"));
         QCOMPARE(store.values["comLCC"], QString("True"));
     }

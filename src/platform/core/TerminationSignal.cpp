@@ -1,0 +1,52 @@
+#include "platform/core/TerminationSignal.h"
+
+#include <QSocketNotifier>
+
+#include <csignal>
+#include <sys/socket.h>
+#include <unistd.h>
+
+namespace tessaro {
+
+namespace {
+int g_pipe[2] = {-1, -1};
+
+// Only async-signal-safe work here: one byte into the pipe.
+void onSignal(int)
+{
+    const char byte = 1;
+    (void)!::write(g_pipe[0], &byte, 1);
+}
+} // namespace
+
+TerminationSignal::TerminationSignal(QObject *parent) : QObject(parent)
+{
+    if (::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, g_pipe) != 0)
+        return;
+    m_notifier = new QSocketNotifier(g_pipe[1], QSocketNotifier::Read, this);
+    connect(m_notifier, &QSocketNotifier::activated, this, [this] {
+        char byte = 0;
+        (void)!::read(g_pipe[1], &byte, 1);
+        Q_EMIT requested();
+    });
+    struct sigaction action = {};
+    action.sa_handler = onSignal;
+    sigemptyset(&action.sa_mask);
+    action.sa_flags = SA_RESTART;
+    ::sigaction(SIGTERM, &action, nullptr);
+    ::sigaction(SIGINT, &action, nullptr);
+}
+
+TerminationSignal::~TerminationSignal()
+{
+    ::signal(SIGTERM, SIG_DFL);
+    ::signal(SIGINT, SIG_DFL);
+    delete m_notifier;
+    for (int &fd : g_pipe)
+        if (fd >= 0) {
+            ::close(fd);
+            fd = -1;
+        }
+}
+
+} // namespace tessaro

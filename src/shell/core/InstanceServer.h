@@ -1,0 +1,59 @@
+#pragma once
+
+#include <QObject>
+#include <QString>
+
+#include <functional>
+
+class QLocalServer;
+class QLocalSocket;
+
+namespace tessaro {
+
+// The running copy's end of the single-instance socket. It is created when the main
+// window loads and starts listening only when the window is marked as the running
+// copy; connections from other users are refused. Every request is answered after
+// it has been carried out.
+class InstanceServer : public QObject
+{
+    Q_OBJECT
+public:
+    explicit InstanceServer(QString path, QObject *parent = nullptr);
+    ~InstanceServer() override;
+
+    // Whether the owner's window is visible, told to every later copy.
+    void setVisibility(std::function<bool()> visible) { m_visible = std::move(visible); }
+    // What a hand-over does (the bytes as sent) and what an activation does.
+    void setHandlers(std::function<void(const QByteArray &)> handOver,
+                     std::function<void()> activate);
+
+    // Starts listening; a socket file left by a copy that died is replaced (the caller
+    // holds the instance lock, so no live copy owns it).
+    bool listen();
+    void close();
+    bool isListening() const;
+    const QString &path() const { return m_path; }
+
+private:
+    void accept();
+    void serve(QLocalSocket *socket);
+
+    QString m_path;
+    QLocalServer *m_server;
+    std::function<bool()> m_visible;
+    std::function<void(const QByteArray &)> m_handOver;
+    std::function<void()> m_activate;
+};
+
+// The later copy's end: connects to the running copy, learns whether its window is
+// visible, and hands over the command line or asks for activation, waiting for the
+// answer at most the time-out. The outcome is only for tests: the later copy ends
+// whatever happened.
+enum class HandOverOutcome { NoRunningCopy, HandedOver, Activated, NoAnswer };
+HandOverOutcome contactRunningCopy(const QString &socketPath, const QString &commandLine,
+                                   int timeoutMs);
+
+// True when the peer of a connected local socket runs as the same user.
+bool peerIsSameUser(qintptr socketDescriptor);
+
+} // namespace tessaro

@@ -1,0 +1,123 @@
+#include "shell/ui/Startup.h"
+
+#include "platform/core/AppInfo.h"
+#include "platform/core/ErrorTraps.h"
+#include "platform/core/EventLog.h"
+#include "platform/core/TerminationSignal.h"
+#include "platform/ui/WidgetDialogs.h"
+#include "shell/core/HandOver.h"
+#include "shell/core/InstanceLock.h"
+#include "shell/core/InstanceServer.h"
+#include "shell/ui/frmMain.h"
+#include "shell/ui/frmSplash.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QMdiArea>
+#include <QPointer>
+
+#include <memory>
+
+namespace tessaro {
+
+namespace {
+
+// Records the first time the main window's document area is painted (for the
+// start-up benchmark; only while the event log is on).
+class FirstPaintProbe : public QObject
+{
+public:
+    using QObject::QObject;
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (event->type() == QEvent::Paint) {
+            logEvent(QStringLiteral("painted"));
+            watched->removeEventFilter(this);
+            deleteLater();
+        }
+        return false;
+    }
+};
+
+QString outcomeText(HandOverOutcome outcome)
+{
+    switch (outcome) {
+    case HandOverOutcome::NoRunningCopy: return QStringLiteral("no running copy");
+    case HandOverOutcome::HandedOver: return QStringLiteral("handed over");
+    case HandOverOutcome::Activated: return QStringLiteral("activated");
+    case HandOverOutcome::NoAnswer: return QStringLiteral("no answer");
+    }
+    return QString();
+}
+
+int runLaterCopy(int argc, char **argv, const QString &commandLine)
+{
+    // No window system is touched: a core application is enough for the socket.
+    QCoreApplication application(argc, argv);
+    const HandOverOutcome outcome =
+        contactRunningCopy(instanceSocketPath(), commandLine, handover::kTimeoutMs);
+    logEvent(QStringLiteral("later copy: ") + outcomeText(outcome));
+    return 0;
+}
+
+} // namespace
+
+int Main(int argc, char **argv)
+{
+    QStringList arguments;
+    for (int i = 1; i < argc; ++i)
+        arguments << QFile::decodeName(argv[i]);
+    const QString commandLine = handover::commandLineText(arguments);
+
+    InstanceLock lock;
+    if (!lock.acquire())
+        return runLaterCopy(argc, argv, commandLine);
+
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(appTitle());
+    QApplication::setOrganizationName(appTitle());
+    // The splash closes before the main window is shown; the program ends when the
+    // main window's Unload says so.
+    QApplication::setQuitOnLastWindowClosed(false);
+    installWidgetDialogs();
+
+    std::unique_ptr<frmMain> mainWindow;
+    QPointer<frmSplash> splash;
+    splash = new frmSplash([&] {
+        logEvent(QStringLiteral("splash timer"));
+        mainWindow = std::make_unique<frmMain>();
+        if (eventLogEnabled())
+            mainWindow->mdiArea()->viewport()->installEventFilter(
+                new FirstPaintProbe(mainWindow.get()));
+        frmMain::StartupLinks links;
+        links.lock = &lock;
+        links.socketPath = instanceSocketPath();
+        links.commandLine = commandLine;
+        links.unloadSplash = [&] {
+            if (splash)
+                splash->close();
+        };
+        links.ended = [] { QCoreApplication::quit(); };
+        untrapped([&] { mainWindow->Load(links); });
+        mainWindow->show();
+    });
+    splash->show();
+    logEvent(QStringLiteral("splash shown"));
+
+    // A request to end (SIGTERM) closes the main window the normal way, so the
+    // settings are written; before the main window exists the program just ends.
+    TerminationSignal termination;
+    QObject::connect(&termination, &TerminationSignal::requested, &application, [&] {
+        if (mainWindow && mainWindow->isMarked())
+            mainWindow->close();
+        else
+            QCoreApplication::quit();
+    });
+
+    const int status = application.exec();
+    mainWindow.reset();
+    delete splash;
+    return status;
+}
+
+} // namespace tessaro

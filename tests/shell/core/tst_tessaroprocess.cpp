@@ -1,0 +1,281 @@
+// Runs the real program: two copies for the hand-over, a killed copy for a stale
+// lock, a settings round, a corrupt setting and a copy of the program in another
+// folder. Every run has its own private account folders; the program reports what it
+// does through its event log (TESSARO_EVENT_LOG) and ends on SIGTERM the normal way.
+#include "support/TestSupport.h"
+#include "tools/core/RegistryStore.h"
+
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+
+#include <memory>
+
+using namespace tessaro;
+
+namespace {
+
+const QString kProgram = QStringLiteral(TESSARO_BIN_DIR "/tessaro");
+const QString kSampleMain = QStringLiteral(TESSARO_SOURCE_DIR "/examples/samplemod/game/g_main.c");
+const QString kSampleMath = QStringLiteral(TESSARO_SOURCE_DIR "/examples/samplemod/game/q_math.c");
+
+QByteArray readAll(const QString &path)
+{
+    QFile f(path);
+    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+}
+
+// A user account of its own: home, XDG folders and event log.
+class Account
+{
+public:
+    Account()
+    {
+        for (const char *sub : {"config", "data", "runtime", "etc-xdg", "cache"})
+            QDir().mkpath(m_dir.path() + "/" + sub);
+        QFile::setPermissions(m_dir.path() + "/runtime",
+                              QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    }
+    QString path(const QString &sub) const { return m_dir.path() + "/" + sub; }
+    QString settingsFile() const { return path("config/Tessaro/Tessaro.ini"); }
+    QString desktopFile() const { return path("data/applications/tessaro.desktop"); }
+
+    QProcessEnvironment environment() const
+    {
+        QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+        env.insert("HOME", m_dir.path());
+        env.insert("XDG_CONFIG_HOME", path("config"));
+        env.insert("XDG_DATA_HOME", path("data"));
+        env.insert("XDG_CACHE_HOME", path("cache"));
+        env.insert("XDG_RUNTIME_DIR", path("runtime"));
+        env.insert("XDG_CONFIG_DIRS", path("etc-xdg"));
+        env.insert("QT_QPA_PLATFORM", "offscreen");
+        env.insert("TESSARO_HEADLESS_MSGBOX", "1");
+        env.insert("TESSARO_EVENT_LOG", path("events"));
+        return env;
+    }
+
+    std::unique_ptr<QProcess> start(const QStringList &arguments, const QString &program = kProgram,
+                                    QProcessEnvironment env = QProcessEnvironment()) const
+    {
+        auto process = std::make_unique<QProcess>();
+        process->setProcessEnvironment(env.isEmpty() ? environment() : env);
+        process->start(program, arguments);
+        process->waitForStarted(10000);
+        return process;
+    }
+
+    // A later copy that could not open a window even if it tried: no display at all.
+    std::unique_ptr<QProcess> startWithoutDisplay(const QStringList &arguments) const
+    {
+        QProcessEnvironment env = environment();
+        env.insert("QT_QPA_PLATFORM", "xcb");
+        env.remove("DISPLAY");
+        env.remove("WAYLAND_DISPLAY");
+        return start(arguments, kProgram, env);
+    }
+
+    QStringList events() const
+    {
+        QStringList lines;
+        for (const QByteArray &line : readAll(path("events")).split('\n'))
+            if (!line.isEmpty())
+                lines << QString::fromUtf8(line.mid(line.indexOf(' ') + 1));
+        return lines;
+    }
+    // Waits until the event has been logged `count` times.
+    bool waitForEvent(const QString &event, int count = 1, int timeoutMs = 20000) const
+    {
+        QElapsedTimer timer;
+        timer.start();
+        while (timer.elapsed() < timeoutMs) {
+            if (events().count(event) >= count)
+                return true;
+            QTest::qWait(25);
+        }
+        return false;
+    }
+
+private:
+    QTemporaryDir m_dir{QDir::homePath() + "/account-XXXXXX"};
+};
+
+// Asks a running copy to end (SIGTERM closes its main window normally).
+bool stop(QProcess &process)
+{
+    process.terminate();
+    return process.waitForFinished(20000) && process.exitStatus() == QProcess::NormalExit &&
+           process.exitCode() == 0;
+}
+
+bool finishesQuietly(QProcess &process)
+{
+    return process.waitForFinished(15000) && process.exitStatus() == QProcess::NormalExit &&
+           process.exitCode() == 0;
+}
+
+} // namespace
+
+class TessaroProcessTest : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void aSecondCopyHandsAQuotedPathToTheFirstAndShowsNothing()
+    {
+        Account account;
+        auto first = account.start({});
+        QVERIFY(account.waitForEvent("loaded"));
+        QVERIFY(account.events().filter("open ").isEmpty());
+
+        auto second = account.startWithoutDisplay({kSampleMain});
+        QVERIFY(finishesQuietly(*second));
+        QCOMPARE(second->readAllStandardError(), QByteArray());
+        QVERIFY(account.events().contains("later copy: handed over"));
+        QVERIFY(account.events().contains("open " + kSampleMain));
+        QCOMPARE(first->state(), QProcess::Running);
+
+        QVERIFY(stop(*first));
+        const QStringList documents = account.events().filter(QRegularExpression("^document "));
+        QCOMPARE(documents.size(), 1);
+        QVERIFY2(documents[0].endsWith("g_main.c"), qPrintable(documents[0]));
+    }
+    void aSecondCopyWithoutArgumentsOnlyActivatesTheFirst()
+    {
+        Account account;
+        auto first = account.start({kSampleMath});
+        QVERIFY(account.waitForEvent("loaded"));
+        const int activations = int(account.events().count("activated"));
+        auto second = account.startWithoutDisplay({});
+        QVERIFY(finishesQuietly(*second));
+        QVERIFY(account.events().contains("later copy: activated"));
+        QCOMPARE(int(account.events().count("activated")), activations + 1);
+        QCOMPARE(account.events().filter("open ").size(), 1); // its own command line only
+        QVERIFY(stop(*first));
+        QCOMPARE(account.events().filter(QRegularExpression("^document ")).size(), 1);
+    }
+    void aSecondCopyWhileTheFirstIsStillLoadingEndsWithoutEffect()
+    {
+        Account account;
+        auto first = account.start({});
+        QVERIFY(account.waitForEvent("splash shown"));
+        auto second = account.startWithoutDisplay({kSampleMain});
+        QVERIFY(finishesQuietly(*second));
+        QVERIFY(account.events().contains("later copy: no running copy"));
+        QVERIFY(account.waitForEvent("loaded"));
+        QVERIFY(account.events().filter("open ").isEmpty());
+        QVERIFY(stop(*first));
+    }
+    void aKilledCopyLeavesALockThatTheNextStartTakesOver()
+    {
+        Account account;
+        auto first = account.start({});
+        QVERIFY(account.waitForEvent("loaded"));
+        first->kill();
+        QVERIFY(first->waitForFinished(10000));
+        QVERIFY(QFile::exists(account.path("runtime/Tessaro_APPLICATION_MUTEX")));
+        QVERIFY(QFile::exists(account.path("runtime/Tessaro_APPLICATION")));
+
+        auto next = account.start({kSampleMain});
+        QVERIFY(account.waitForEvent("loaded", 2));
+        QVERIFY(account.events().contains("open " + kSampleMain));
+        auto later = account.startWithoutDisplay({kSampleMath});
+        QVERIFY(finishesQuietly(*later));
+        QVERIFY(account.events().contains("open " + kSampleMath));
+        QVERIFY(stop(*next));
+        QCOMPARE(account.events().filter(QRegularExpression("^document ")).size(), 2);
+    }
+    void settingsSurviveARestart()
+    {
+        Account account;
+        auto first = account.start({});
+        QVERIFY(account.waitForEvent("loaded"));
+        QVERIFY(stop(*first));
+        QByteArray ini = readAll(account.settingsFile());
+        QVERIFY(ini.contains("MainLeft=1000"));
+        QVERIFY(ini.contains("comPath=c:\\\\quake3\\\\bin_nt\\\\lcc.exe"));
+        QVERIFY(ini.contains("useLnk=True"));
+
+        ini.replace("comPath=c:\\\\quake3\\\\bin_nt\\\\lcc.exe", "comPath=/opt/q3/q3lcc");
+        ini.replace("MainLeft=1000", "MainLeft=1500");
+        ini.replace("useLnk=True", "useLnk=False");
+        ini.replace("params=\n", "params=-DSAMPLE\n");
+        QFile file(account.settingsFile());
+        QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
+        file.write(ini);
+        file.close();
+
+        auto second = account.start({});
+        QVERIFY(account.waitForEvent("loaded", 2));
+        QVERIFY(stop(*second));
+        const QByteArray after = readAll(account.settingsFile());
+        QVERIFY(after.contains("comPath=/opt/q3/q3lcc"));
+        QVERIFY(after.contains("MainLeft=1500"));
+        QVERIFY(after.contains("MainTop=1000"));
+        QVERIFY(after.contains("useLnk=False"));
+        QVERIFY(after.contains("params=-DSAMPLE"));
+        QVERIFY(after.contains("asmPath=c:\\\\quake3\\\\bin_nt\\\\q3asm.exe"));
+    }
+    void aCorruptMainLeftEndsStartUpWithTypeMismatch()
+    {
+        Account account;
+        QDir().mkpath(QFileInfo(account.settingsFile()).absolutePath());
+        const QByteArray ini =
+            "[Settings]\nMainLeft=left of centre\nMainTop=1000\ncomPath=/opt/lcc\n";
+        QFile file(account.settingsFile());
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(ini);
+        file.close();
+
+        auto process = account.start({kSampleMain});
+        QVERIFY(process->waitForFinished(20000));
+        QCOMPARE(process->exitStatus(), QProcess::NormalExit);
+        QCOMPARE(process->exitCode(), 1);
+        const QByteArray err = process->readAllStandardError();
+        QVERIFY2(err.contains("Run-time error '13':"), err.constData());
+        QVERIFY2(err.contains("Type mismatch"), err.constData());
+        QCOMPARE(readAll(account.settingsFile()), ini);
+        QVERIFY(!account.events().contains("marked"));
+        QVERIFY(account.events().filter("open ").isEmpty());
+    }
+    void runningFromAnotherFolderRepointsTheDesktopAssociation()
+    {
+        Account account;
+        auto first = account.start({});
+        QVERIFY(account.waitForEvent("loaded"));
+        QVERIFY(stop(*first));
+        QVERIFY(readAll(account.desktopFile())
+                    .contains("Exec=\"" + QFile::encodeName(kProgram) + "\" %f"));
+
+        // The program and its data files in another folder.
+        const QString other = account.path("elsewhere/bin");
+        QDir().mkpath(other);
+        const QDir bin(QStringLiteral(TESSARO_BIN_DIR));
+        for (const QFileInfo &info : bin.entryInfoList(QDir::Files))
+            if (!info.isExecutable() || info.fileName() == "tessaro")
+                QVERIFY(QFile::copy(info.filePath(), other + "/" + info.fileName()));
+        auto moved = account.start({}, other + "/tessaro");
+        QVERIFY(account.waitForEvent("loaded", 2));
+        QVERIFY(stop(*moved));
+
+        const QByteArray desktop = readAll(account.desktopFile());
+        QVERIFY2(desktop.contains("Exec=\"" + QFile::encodeName(other) + "/tessaro\" %f"),
+                 desktop.constData());
+        QVERIFY(
+            readAll(account.path("config/mimeapps.list")).contains("text/x-csrc=tessaro.desktop"));
+        RegistryStore store(account.path("config/Tessaro/registry"),
+                            account.path("etc-xdg/Tessaro/registry"));
+        for (quint32 root : {quint32(reg::ClassesRoot), quint32(reg::LocalMachine)}) {
+            const QString prefix = root == reg::LocalMachine ? "SOFTWARE\\Classes\\" : "";
+            const auto command =
+                store.queryValue(root, prefix + "C.Source\\shell\\open\\command", "");
+            QVERIFY(command);
+            QCOMPARE(command->data,
+                     "\"" + QFile::encodeName(other) + "/tessaro\" \"%1\"" + QByteArray(1, '\0'));
+        }
+    }
+};
+
+TESSARO_CORE_TEST_MAIN(TessaroProcessTest)
+#include "tst_tessaroprocess.moc"
