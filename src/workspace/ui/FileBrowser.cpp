@@ -8,7 +8,6 @@
 
 #include <QApplication>
 #include <QComboBox>
-#include <QDynamicPropertyChangeEvent>
 #include <QListWidget>
 #include <QSignalBlocker>
 #include <QStyle>
@@ -45,7 +44,6 @@ void FileBrowser::attach()
     auto *drive1 = m_frame.findChild<QComboBox *>(QStringLiteral("Drive1"));
     if (drive1 && drive1 != m_drive1) {
         m_drive1 = drive1;
-        drive1->installEventFilter(this);
         connect(drive1, &QComboBox::activated, this,
                 [this](int index) { setDrive(m_drive1->itemData(index).toString()); });
         added = true;
@@ -53,7 +51,6 @@ void FileBrowser::attach()
     auto *dir1 = m_frame.findChild<QListWidget *>(QStringLiteral("Dir1"));
     if (dir1 && dir1 != m_dir1) {
         m_dir1 = dir1;
-        dir1->installEventFilter(this);
         // The classic lists open a folder and run a file on a double click.
         connect(dir1, &QListWidget::itemDoubleClicked, this,
                 [this](QListWidgetItem *item) { Dir1_DblClick(item); });
@@ -77,23 +74,6 @@ void FileBrowser::attach()
         showDirectory();
         showFiles();
     }
-}
-
-bool FileBrowser::eventFilter(QObject *watched, QEvent *event)
-{
-    if (event->type() != QEvent::DynamicPropertyChange)
-        return QObject::eventFilter(watched, event);
-    const QByteArray name = static_cast<QDynamicPropertyChangeEvent *>(event)->propertyName();
-    if (watched == m_drive1 && name == "Drive") {
-        const QString drive = m_drive1->property("Drive").toString();
-        if (drive != m_drive)
-            setDrive(drive);
-    } else if (watched == m_dir1 && name == "Path") {
-        const QString path = m_dir1->property("Path").toString();
-        if (path != m_dirPath && !trapped([&] { setDirPath(path); }))
-            m_dir1->setProperty("Path", m_dirPath);
-    }
-    return false;
 }
 
 void FileBrowser::fillDrives()

@@ -52,11 +52,6 @@ public:
     // program with the run-time error (this handler traps nothing).
     void File1_DblClick();
 
-protected:
-    // Follows "Drive" set on Drive1 and "Path" set on Dir1 from outside, as setting
-    // the classic properties did (the main timer moves the browser that way).
-    bool eventFilter(QObject *watched, QEvent *event) override;
-
 private:
     explicit FileBrowser(frmMain &frame);
     void attach();

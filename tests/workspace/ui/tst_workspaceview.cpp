@@ -250,19 +250,6 @@ private Q_SLOTS:
         QCOMPARE(file1()->count(), 0);
     }
 
-    void settingTheListsPropertiesMovesTheBrowser()
-    {
-        writeFile("prop/one.c", "x");
-        dir1()->setProperty("Path", m_dir.filePath("prop"));
-        QCOMPARE(FileBrowser::of(*m_frame)->dirPath(), m_dir.filePath("prop"));
-        QCOMPARE(file1()->count(), 1);
-        // A folder that cannot be shown is refused and the property goes back.
-        dir1()->setProperty("Path", m_dir.filePath("nowhere"));
-        QCOMPARE(dir1()->property("Path").toString(), m_dir.filePath("prop"));
-        drive1()->setProperty("Drive", "/h");
-        QCOMPARE(FileBrowser::of(*m_frame)->dirPath(), m_dir.filePath("prop"));
-    }
-
     void aDriveThatCannotBeReadKeepsThePreviousFolder()
     {
         FileBrowser *browser = FileBrowser::of(*m_frame);
