@@ -50,6 +50,11 @@ DocumentColourer::DocumentColourer(QTextDocument *document, QTextDocument *snaps
 {
     m_colours = {QColor(0, 128, 0), QColor(0, 0, 127), QColor(0, 0, 0)};
     m_snapshot->setUndoRedoEnabled(false);
+    // A step added to the undo history replaces every step that could be redone.
+    connect(m_doc, &QTextDocument::undoCommandAdded, this, [this] {
+        m_ownSteps.erase(m_ownSteps.upper_bound(m_knownTop), m_ownSteps.end());
+        m_knownTop = m_doc->availableUndoSteps();
+    });
     connect(m_progressTimer, &QTimer::timeout, this, [this] {
         if (m_run)
             Q_EMIT progressChange(percentComplete());
@@ -117,8 +122,14 @@ bool DocumentColourer::start(bool html, bool silent)
         return false;
     if (m_run) {
         // A new request while a run is under way: the run starts over with the new
-        // choice; its progress signals stay one start and one completion.
+        // choice; its progress signals stay one start and one completion. A run of
+        // the typing path that is now asked for openly starts reporting.
         m_run->html = html;
+        if (m_run->silent && !silent) {
+            m_run->silent = false;
+            m_progressTimer->start();
+            Q_EMIT progressStart();
+        }
         beginSnapshot();
         return true;
     }
@@ -323,7 +334,10 @@ void DocumentColourer::colourLines(int firstBlock, int lastBlock, int caretPosit
     while (block.isValid()) {
         const QString prefix = inComment ? QStringLiteral("/*") : QString();
         const QString text = block.text();
-        request.text = prefix + text + QStringLiteral("\r\n");
+        // Every line but the last ends in a line break, as in a full run.
+        request.text = prefix + text;
+        if (block.next().isValid())
+            request.text += QStringLiteral("\r\n");
         const std::vector<ColourStretch> stretches = scanText(request);
         const int b0 = block.position();
         const int sepEnd = b0 + int(text.size()) + 1;
@@ -453,17 +467,17 @@ void DocumentColourer::writeChanges(const std::vector<Change> &changes,
     if (changes.empty() && spellings.empty())
         return;
     m_applying = true;
-    // Colouring is no edit of its own: with an undo history it joins the last edit
-    // (undoing that edit takes its colours back too); without one it is not recorded.
-    const bool record = m_doc->isUndoRedoEnabled() && m_doc->isUndoAvailable();
+    // Without an undo history the colours are not recorded. With one they become a
+    // step of their own that undo and redo take together with the edit before it.
     const bool wasEnabled = m_doc->isUndoRedoEnabled();
-    if (!record && wasEnabled)
+    const bool record = wasEnabled && m_doc->isUndoAvailable();
+    const int stepsBefore = m_doc->availableUndoSteps();
+    if (!record && wasEnabled) {
         m_doc->setUndoRedoEnabled(false);
+        forgetUndoSteps();
+    }
     QTextCursor cursor(m_doc);
-    if (record)
-        cursor.joinPreviousEditBlock();
-    else
-        cursor.beginEditBlock();
+    cursor.beginEditBlock();
     for (const auto &[position, spelling] : spellings) {
         QTextCursor at(m_doc);
         at.setPosition(position + 1);
@@ -482,7 +496,45 @@ void DocumentColourer::writeChanges(const std::vector<Change> &changes,
     cursor.endEditBlock();
     if (!record && wasEnabled)
         m_doc->setUndoRedoEnabled(true);
+    // The history counts commands: every command of this step is the colourer's.
+    for (int step = stepsBefore + 1; record && step <= m_doc->availableUndoSteps(); ++step)
+        m_ownSteps.insert(step);
+    m_knownTop = m_doc->availableUndoSteps();
     m_applying = false;
+}
+
+// ---- Undo and redo ----------------------------------------------------------------------
+
+void DocumentColourer::forgetUndoSteps()
+{
+    m_ownSteps.clear();
+    m_knownTop = m_doc->availableUndoSteps();
+}
+
+bool DocumentColourer::ownStepOnTop() const
+{
+    const int top = m_doc->availableUndoSteps();
+    return top > 0 && m_ownSteps.count(top);
+}
+
+void DocumentColourer::undo()
+{
+    // The colours of an edit are undone with it: first the colouring steps on top,
+    // then the edit, then the colouring steps of the edit before.
+    while (ownStepOnTop())
+        m_doc->undo();
+    m_doc->undo();
+    while (ownStepOnTop())
+        m_doc->undo();
+    m_knownTop = m_doc->availableUndoSteps();
+}
+
+void DocumentColourer::redo()
+{
+    m_doc->redo();
+    while (m_doc->availableRedoSteps() > 0 && m_ownSteps.count(m_doc->availableUndoSteps() + 1))
+        m_doc->redo();
+    m_knownTop = m_doc->availableUndoSteps();
 }
 
 } // namespace tessaro

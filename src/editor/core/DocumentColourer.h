@@ -8,6 +8,7 @@
 #include <QObject>
 
 #include <memory>
+#include <set>
 #include <vector>
 
 class QTextBlock;
@@ -82,6 +83,13 @@ public:
     // Colours the given lines (block numbers, inclusive) as the typing path does.
     void colourLines(int firstBlock, int lastBlock, int caretPosition = -1);
 
+    // Undo and redo of the document that take the colouring steps along with the
+    // edits they belong to, so colours never make an undo step of their own.
+    void undo();
+    void redo();
+    // Forgets the colouring steps (the history was emptied).
+    void forgetUndoSteps();
+
     // The lines changed at once above which the typing path starts a silent full run
     // instead of colouring line by line.
     static constexpr int LargeChange = 2000;
@@ -133,6 +141,7 @@ private:
                           int caretPosition) const;
     const QColor &colourOf(StretchKind kind) const;
     bool lineStartsInComment(const QTextBlock &block) const;
+    bool ownStepOnTop() const;
     bool cLike() const;
 
     QTextDocument *m_doc;
@@ -148,6 +157,9 @@ private:
     int m_dirtyLast = -1;
     // Foreground of each character format of the document (0: none of its own).
     mutable QHash<int, QRgb> m_formatColours;
+    // Places in the undo history (1 = the oldest step) that hold colours only.
+    std::set<int> m_ownSteps;
+    int m_knownTop = 0; // the history's size after the last change seen here
 };
 
 } // namespace tessaro

@@ -3,7 +3,11 @@
 #include "editor/ui/srcText.h"
 
 #include <QKeyEvent>
+#include <QContextMenuEvent>
+#include <QMenu>
 #include <QMimeData>
+
+#include <memory>
 
 namespace tessaro {
 
@@ -26,6 +30,22 @@ void SourceEditBox::keyReleaseEvent(QKeyEvent *event)
 {
     m_owner->handleKeyUp(event);
     QPlainTextEdit::keyReleaseEvent(event);
+}
+
+void SourceEditBox::contextMenuEvent(QContextMenuEvent *event)
+{
+    // Undo and redo of the menu go through the control, like its keys.
+    std::unique_ptr<QMenu> menu(createStandardContextMenu(event->pos()));
+    for (QAction *action : menu->actions()) {
+        if (action->objectName() == QLatin1String("edit-undo")) {
+            action->disconnect();
+            connect(action, &QAction::triggered, m_owner, &srcText::Undo);
+        } else if (action->objectName() == QLatin1String("edit-redo")) {
+            action->disconnect();
+            connect(action, &QAction::triggered, m_owner, &srcText::Redo);
+        }
+    }
+    menu->exec(event->globalPos());
 }
 
 bool SourceEditBox::canInsertFromMimeData(const QMimeData *source) const

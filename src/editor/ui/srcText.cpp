@@ -64,16 +64,27 @@ srcText::srcText(QWidget *parent) : QWidget(parent)
         m_tempCursor.setPosition(0);
         Q_EMIT ProgressComplete();
     });
-    connect(m_colouring.get(), &DocumentColourer::largeChange, this, [this] { startRun(false); });
+    connect(m_colouring.get(), &DocumentColourer::largeChange, this, [this] {
+        // A change too large for the typing path is coloured by a run of its own,
+        // which stays as quiet as the typing path.
+        const bool fromKeys = m_colouringFromKeys;
+        m_colouringFromKeys = !m_colouringFromPaste;
+        startRun(false);
+        m_colouringFromKeys = fromKeys;
+    });
 
     connect(m_rtfMain->document(), &QTextDocument::contentsChange, this,
             &srcText::onContentsChange);
     connect(m_rtfMain, &QPlainTextEdit::cursorPositionChanged, this,
             &srcText::emitSelChangeIfMoved);
     connect(m_rtfMain, &QPlainTextEdit::selectionChanged, this, &srcText::emitSelChangeIfMoved);
+    // The box scrolls itself with the scroll bars' signals blocked: its update
+    // requests tell of those scrolls.
     connect(m_rtfMain->horizontalScrollBar(), &QScrollBar::valueChanged, this,
-            &srcText::HScroll);
-    connect(m_rtfMain->verticalScrollBar(), &QScrollBar::valueChanged, this, &srcText::VScroll);
+            &srcText::emitScrollIfMoved);
+    connect(m_rtfMain->verticalScrollBar(), &QScrollBar::valueChanged, this,
+            &srcText::emitScrollIfMoved);
+    connect(m_rtfMain, &QPlainTextEdit::updateRequest, this, &srcText::emitScrollIfMoved);
 
     InitProperties();
 }
@@ -218,6 +229,7 @@ void srcText::setDocumentText(const QString &text, const LineEnds *lineEnds)
     }
     // A new text is coloured by a full run (or not at all), not line by line.
     m_colouring->forgetChanges();
+    m_colouring->forgetUndoSteps();
     m_loading = false;
 }
 
@@ -257,6 +269,7 @@ void srcText::setText(const QString &New_Text)
     format.setForeground(classiccolour::toColor(m_colourText, palette()));
     m_rtfMain->setCurrentCharFormat(format);
     m_rtfMain->setPlainText(New_Text);
+    m_colouring->forgetUndoSteps();
 }
 
 qsizetype srcText::SelStart() const
@@ -484,9 +497,17 @@ bool srcText::CanPaste() const { return m_rtfMain->canPaste(); }
 
 bool srcText::CanCopy() const { return m_rtfMain->textCursor().hasSelection(); }
 
-void srcText::Undo() { m_rtfMain->undo(); }
+void srcText::Undo()
+{
+    m_colouring->undo();
+    m_rtfMain->ensureCursorVisible();
+}
 
-void srcText::Redo() { m_rtfMain->redo(); }
+void srcText::Redo()
+{
+    m_colouring->redo();
+    m_rtfMain->ensureCursorVisible();
+}
 
 int srcText::Find(const QString &bstrString, int vStart, int vEnd, int vOptions)
 {
@@ -592,6 +613,20 @@ void srcText::flushTyping()
 {
     m_flushQueued = false;
     m_colouring->flush(m_rtfMain->textCursor().position());
+}
+
+void srcText::emitScrollIfMoved()
+{
+    const int h = m_rtfMain->horizontalScrollBar()->value();
+    const int v = m_rtfMain->verticalScrollBar()->value();
+    if (h != m_lastHScroll) {
+        m_lastHScroll = h;
+        Q_EMIT HScroll();
+    }
+    if (v != m_lastVScroll) {
+        m_lastVScroll = v;
+        Q_EMIT VScroll();
+    }
 }
 
 void srcText::emitSelChangeIfMoved()

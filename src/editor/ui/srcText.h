@@ -28,12 +28,46 @@ class DocumentColourer;
 // CharacterCount, Text, UpTo, Span, ...) counts a line break as two characters, as
 // if the lines were joined by CR LF; Text gives the lines joined by CR LF.
 //
-// Members are invokable by name (callMember in editor/core/MemberCall.h): the main
-// window reaches Copy, Paste and Undo that way. There is deliberately no Cut and no
-// PrintDoc member, so calls of those names fail (and are ignored by the caller).
+// Members are invokable by name and the properties are Qt properties, so the main
+// window reaches the control by member name (callByName / readByName of
+// shell/ui/ActiveDocument.h) as it reaches Copy, Paste and Undo. There is
+// deliberately no Cut and no PrintDoc member: calls of those names fail, and the
+// main window ignores the failure.
 class srcText : public QWidget
 {
     Q_OBJECT
+    Q_PROPERTY(QString Text READ Text WRITE setText)
+    Q_PROPERTY(qsizetype SelStart READ SelStart WRITE setSelStart)
+    Q_PROPERTY(qsizetype SelLength READ SelLength WRITE setSelLength)
+    Q_PROPERTY(QString SelText READ SelText WRITE setSelText)
+    Q_PROPERTY(bool Enabled READ Enabled WRITE setEnabled)
+    Q_PROPERTY(bool Locked READ Locked WRITE setLocked)
+    Q_PROPERTY(bool TabStop READ TabStop WRITE setTabStop)
+    Q_PROPERTY(QFont Font READ Font WRITE setFontProperty)
+    Q_PROPERTY(bool Border READ Border WRITE setBorder)
+    Q_PROPERTY(quint32 BackColor READ BackColor WRITE setBackColor)
+    Q_PROPERTY(int Mode READ Mode WRITE setMode)
+    Q_PROPERTY(quint32 Colour_Comment READ Colour_Comment WRITE setColour_Comment)
+    Q_PROPERTY(quint32 Colour_Keyword READ Colour_Keyword WRITE setColour_Keyword)
+    Q_PROPERTY(quint32 Colour_Text READ Colour_Text WRITE setColour_Text)
+    Q_PROPERTY(bool AutoIndent READ AutoIndent WRITE setAutoIndent)
+    Q_PROPERTY(int IndentValue READ IndentValue WRITE setIndentValue)
+    Q_PROPERTY(bool IndentWithBlanks READ IndentWithBlanks WRITE setIndentWithBlanks)
+    Q_PROPERTY(bool IgnoreVBHeader READ IgnoreVBHeader WRITE setIgnoreVBHeader)
+    Q_PROPERTY(bool CancelColour READ CancelColour WRITE setCancelColour)
+    Q_PROPERTY(bool Saved READ Saved WRITE setSaved)
+    Q_PROPERTY(bool Modified READ Modified WRITE setModified)
+    Q_PROPERTY(bool CanPaste READ CanPaste)
+    Q_PROPERTY(bool CanCopy READ CanCopy)
+    Q_PROPERTY(QString FileName READ FileName WRITE setFileName)
+    Q_PROPERTY(QString FileTitle READ FileTitle)
+    Q_PROPERTY(int LineCount READ LineCount)
+    Q_PROPERTY(int GetFirstLineVisible READ GetFirstLineVisible)
+    Q_PROPERTY(int CurrentColumn READ CurrentColumn)
+    Q_PROPERTY(int CurrentLine READ CurrentLine)
+    Q_PROPERTY(QString Version READ Version)
+    Q_PROPERTY(qsizetype CharacterCount READ CharacterCount)
+    Q_PROPERTY(qsizetype TempCharacterCount READ TempCharacterCount)
 public:
     // A control placed anew: the initial values of InitProperties (Mode 9).
     explicit srcText(QWidget *parent = nullptr);
@@ -247,6 +281,7 @@ private:
     void applyBackground();
     void onContentsChange(int from, int removed, int added);
     void emitSelChangeIfMoved();
+    void emitScrollIfMoved();
     void afterKey();
     void flushTyping();
     void startRun(bool html);
@@ -286,6 +321,8 @@ private:
     bool m_colouringFromKeys = false;
     bool m_colouringFromPaste = false;
     int m_viewMode = 0;
+    int m_lastHScroll = 0;
+    int m_lastVScroll = 0;
     qsizetype m_lastSelStart = -1;
     qsizetype m_lastSelLength = -1;
     struct CursorMemory

@@ -243,6 +243,14 @@ bool srcText::handleKeyDown(QKeyEvent *event)
     Q_EMIT KeyDown(code, shift);
     if (pressed != 0 && code == 0)
         return true; // the container swallowed the key
+    if (event->matches(QKeySequence::Undo)) {
+        Undo();
+        return true;
+    }
+    if (event->matches(QKeySequence::Redo)) {
+        Redo();
+        return true;
+    }
     const bool ctrl = (shift & CtrlMask) && !(shift & AltMask);
     if (ctrl && code == V) {
         Paste();

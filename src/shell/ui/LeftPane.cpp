@@ -99,9 +99,7 @@ void LeftPane::placeControls()
         if (w)
             placeInTwips(w, r, tpp);
     };
-    // The tab strip and the bar use the pane's real height; the others their twips.
-    TwipsRect tabs = m_geometry.tbsOptions;
-    place(m_tabs, tabs);
+    place(m_tabs, m_geometry.tbsOptions);
     place(m_picVert, m_geometry.picVert);
     for (int i = 0; i < 3; ++i)
         place(picOptions(i), m_geometry.picOptions[i]);

@@ -7,6 +7,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QTemporaryDir>
 
 using namespace tessaro;
@@ -157,6 +158,49 @@ private Q_SLOTS:
         frame.action("mnuFileProperties")->trigger();
         QCOMPARE(commands->properties(), props);
         QCOMPARE(frame.findChildren<frmProps *>().size(), 1);
+    }
+
+    void theToolbarsPropertiesButtonOpensTheWindow()
+    {
+        frmMain frame;
+        frame.show();
+        QAction *button = frame.findChild<QAction *>("cToolbar1_Properties");
+        QVERIFY(button);
+        button->trigger();
+        auto *commands = frame.findChild<BuildCommands *>("BuildCommands");
+        QVERIFY(commands->properties());
+        QVERIFY(commands->properties()->isVisible());
+        QVERIFY(QApplication::activeModalWidget() == nullptr);
+    }
+
+    void aBuildNeitherShowsNorFillsTheOutputPane()
+    {
+        test::RecordingShell shell;
+        openMod();
+        frmMain frame;
+        frame.show();
+        QWidget *pane = frame.findChild<QWidget *>("Picture3");
+        auto *list = frame.findChild<QListWidget *>("lstOut");
+        QAction *viewOutput = frame.action("mnuViewOutput");
+        QVERIFY(pane && list && viewOutput);
+        const bool shownAtStart = pane->isVisible();
+        frame.action("mnuBuildgameQVM")->trigger();
+        QCOMPARE(pane->isVisible(), shownAtStart);
+        QCOMPARE(list->count(), 0);
+        QVERIFY(!viewOutput->isChecked());
+
+        // Only the View menu's check mark moves the pane: first it checks (pane stays),
+        // then it hides the pane; a build changes neither.
+        viewOutput->trigger();
+        viewOutput->trigger();
+        QVERIFY(!viewOutput->isChecked());
+        QVERIFY(!pane->isVisible());
+        frame.action("mnuBuildEXE")->trigger();
+        frame.action("mnuBuildcgameQVM")->trigger();
+        QVERIFY(!pane->isVisible());
+        QVERIFY(!viewOutput->isChecked());
+        QCOMPARE(list->count(), 0);
+        QCOMPARE(shell.scripts.size(), 3);
     }
 
     void eachOpeningReloadsTheBoxesFromTheSettings()

@@ -2,25 +2,12 @@
 #include "editor/core/ClassicColour.h"
 #include "editor/core/EditorPositions.h"
 #include "editor/core/LineEnds.h"
-#include "editor/core/MemberCall.h"
 #include "editor/core/PropertyBag.h"
 #include "support/TestSupport.h"
 
 #include <QTextDocument>
 
 using namespace tessaro;
-
-// An object with members callable by name, as the editor control has them.
-class Callee : public QObject
-{
-    Q_OBJECT
-public:
-    Q_INVOKABLE void Copy() { ++copies; }
-    Q_INVOKABLE int Twice(int n) { return 2 * n; }
-    Q_INVOKABLE void Named(const QString &title) { lastTitle = title; }
-    int copies = 0;
-    QString lastTitle;
-};
 
 class EditorTextTest : public QObject
 {
@@ -144,26 +131,6 @@ private Q_SLOTS:
                  palette.color(QPalette::Base));
     }
 
-    void membersAreCalledByName()
-    {
-        Callee callee;
-        QVERIFY(callMember(&callee, "Copy"));
-        QCOMPARE(callee.copies, 1);
-        QVariant result;
-        QVERIFY(callMember(&callee, "Twice", {21}, &result));
-        QCOMPARE(result.toInt(), 42);
-        QVERIFY(callMember(&callee, "Named", {QStringLiteral("Source 1")}));
-        QCOMPARE(callee.lastTitle, QStringLiteral("Source 1"));
-    }
-    void aMissingMemberFailsAndChangesNothing()
-    {
-        Callee callee;
-        QVERIFY(!callMember(&callee, "Cut"));
-        QVERIFY(!callMember(&callee, "PrintDoc", {QStringLiteral("title")}));
-        QVERIFY(!callMember(&callee, "Copy", {1}));
-        QVERIFY(!callMember(nullptr, "Copy"));
-        QCOMPARE(callee.copies, 0);
-    }
 };
 
 TESSARO_CORE_TEST_MAIN(EditorTextTest)

@@ -231,18 +231,18 @@ private Q_SLOTS:
     void clipboardKeysGoThroughTheControl()
     {
         srcText code;
-        prepare(code, QStringLiteral("int a; "));
+        prepare(code, QStringLiteral("int a;  x"));
         code.SetSelection(0, 3);
         QTest::keyClick(code.RTFBox(), Qt::Key_C, Qt::ControlModifier);
         QCOMPARE(QApplication::clipboard()->text(), QStringLiteral("int"));
         code.SetSelection(7, 7);
         QTest::keyClick(code.RTFBox(), Qt::Key_V, Qt::ControlModifier);
-        QCOMPARE(code.Text(), QStringLiteral("int a; int"));
+        QCOMPARE(code.Text(), QStringLiteral("int a; int x"));
         // The pasted word is coloured at once.
         QCOMPARE(colourAt(code, 7), keywordColour);
         code.SetSelection(0, 4);
         QTest::keyClick(code.RTFBox(), Qt::Key_X, Qt::ControlModifier);
-        QCOMPARE(code.Text(), QStringLiteral("a; int"));
+        QCOMPARE(code.Text(), QStringLiteral("a; int x"));
         QCOMPARE(QApplication::clipboard()->text(), QStringLiteral("int "));
     }
     void pastingSeveralLinesColoursThemAll()

@@ -1,5 +1,5 @@
 #include "editor/core/ClassicColour.h"
-#include "editor/core/MemberCall.h"
+#include "shell/ui/ActiveDocument.h"
 #include "editor/core/PropertyBag.h"
 #include "editor/ui/srcText.h"
 #include "platform/core/RuntimeError.h"
@@ -180,17 +180,35 @@ private Q_SLOTS:
         srcText code;
         code.setText(QStringLiteral("hello"));
         code.SetSelection(0, 5);
-        QVERIFY(callMember(&code, "Copy"));
+        QVERIFY(callByName(&code, "Copy"));
         QCOMPARE(QApplication::clipboard()->text(), QStringLiteral("hello"));
         code.SetSelection(5, 5);
-        QVERIFY(callMember(&code, "Paste"));
+        QVERIFY(callByName(&code, "Paste"));
         QCOMPARE(code.Text(), QStringLiteral("hellohello"));
-        QVERIFY(callMember(&code, "Undo"));
+        QVERIFY(callByName(&code, "Undo"));
         QCOMPARE(code.Text(), QStringLiteral("hello"));
         code.SetSelection(0, 5);
-        QVERIFY(!callMember(&code, "Cut"));
-        QVERIFY(!callMember(&code, "PrintDoc", {QStringLiteral("Source 1")}));
+        QVERIFY(!callByName(&code, "Cut"));
+        QVERIFY(!callByName(&code, "PrintDoc", {QStringLiteral("Source 1")}));
         QCOMPARE(code.Text(), QStringLiteral("hello"));
+    }
+
+    void propertiesAreReadableByName()
+    {
+        srcText code;
+        code.setText(QStringLiteral("ab\r\ncd"));
+        code.SetSelection(4, 5);
+        QCOMPARE(readByName(&code, "Text").toString(), QStringLiteral("ab\r\ncd"));
+        QCOMPARE(readByName(&code, "SelStart").toInt(), 4);
+        QCOMPARE(readByName(&code, "SelLength").toInt(), 1);
+        QCOMPARE(readByName(&code, "CurrentLine").toInt(), 1);
+        QCOMPARE(readByName(&code, "LineCount").toInt(), 2);
+        QCOMPARE(readByName(&code, "Mode").toInt(), 9);
+        QCOMPARE(readByName(&code, "Version").toString(), QStringLiteral("0.50"));
+        QVERIFY(code.setProperty("SelStart", 1));
+        QCOMPARE(code.SelStart(), qsizetype(1));
+        QVERIFY(callByName(&code, "Find", {QStringLiteral("CD"), 1, 6}));
+        QCOMPARE(code.SelStart(), qsizetype(4));
     }
 
     void flagsAreStoredAndReported()
