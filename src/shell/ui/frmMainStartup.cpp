@@ -36,10 +36,13 @@ double twipsPerPixel(const QWidget &window)
 // registration, a machine root without rights only its own half.
 void registerFileAssociations()
 {
-    trapped([] {
-        cRegistry registry;
+    RegistryStore store;
+    store.beginBatch(); // each root's file is written once, not once per value
+    trapped([&] {
+        cRegistry registry(store);
         registerSourceFileClasses(registry, associationProgramPath(programFolder()));
     });
+    store.commitBatch();
     DesktopAssociation::forCurrentUser().apply(QCoreApplication::applicationFilePath());
 }
 

@@ -8,6 +8,8 @@
 #include <QSaveFile>
 #include <QStandardPaths>
 
+#include <map>
+#include <set>
 #include <vector>
 
 namespace tessaro {
@@ -113,7 +115,7 @@ struct LoadedRoot
     bool intact = true;
 };
 
-LoadedRoot loadRoot(const QString &file)
+LoadedRoot readRoot(const QString &file)
 {
     LoadedRoot root;
     if (file.isEmpty()) {
@@ -137,7 +139,7 @@ LoadedRoot loadRoot(const QString &file)
     return root;
 }
 
-bool saveRoot(const QString &file, const Node &tree)
+bool writeRoot(const QString &file, const Node &tree)
 {
     if (!QDir().mkpath(QFileInfo(file).absolutePath()))
         return false;
@@ -148,10 +150,44 @@ bool saveRoot(const QString &file, const Node &tree)
     return f.write(bytes) == bytes.size() && f.commit();
 }
 
-// Whether an existing root file could be replaced.
-bool isWritable(const QString &file)
+} // namespace
+
+struct RegistryStore::Batch
 {
-    return QFileInfo(file).isWritable() && QFileInfo(QFileInfo(file).absolutePath()).isWritable();
+    std::map<QString, LoadedRoot> roots;
+    std::set<QString> changed;
+};
+
+namespace {
+
+LoadedRoot loadRoot(const QString &file, RegistryStore::Batch *batch)
+{
+    if (!batch)
+        return readRoot(file);
+    const auto it = batch->roots.find(file);
+    if (it != batch->roots.end())
+        return it->second;
+    return batch->roots[file] = readRoot(file);
+}
+
+// Whether the root's file could be replaced (its folder made and writable).
+bool canWrite(const QString &file)
+{
+    const QFileInfo info(file);
+    if (!QDir().mkpath(info.absolutePath()) || !QFileInfo(info.absolutePath()).isWritable())
+        return false;
+    return !info.exists() || info.isWritable();
+}
+
+bool saveRoot(const QString &file, const Node &tree, RegistryStore::Batch *batch)
+{
+    if (!batch)
+        return writeRoot(file, tree);
+    if (!canWrite(file))
+        return false;
+    batch->roots[file].tree = tree;
+    batch->changed.insert(file);
+    return true;
 }
 
 Node *findKey(Node &tree, const QString &path)
@@ -212,14 +248,14 @@ bool RegistryStore::keyExists(quint32 root, const QString &path) const
     const QString file = rootFile(root);
     if (file.isEmpty())
         return false;
-    LoadedRoot loaded = loadRoot(file);
+    LoadedRoot loaded = loadRoot(file, m_batch.get());
     return findKey(loaded.tree, path) != nullptr;
 }
 
 bool RegistryStore::createKey(quint32 root, const QString &path)
 {
     const QString file = rootFile(root);
-    LoadedRoot loaded = loadRoot(file);
+    LoadedRoot loaded = loadRoot(file, m_batch.get());
     if (!loaded.intact)
         return false;
     Node *node = &loaded.tree;
@@ -236,14 +272,14 @@ bool RegistryStore::createKey(quint32 root, const QString &path)
     // Creating a key that exists only opens it, but the root must still be writable:
     // the key is opened for all access.
     if (!changed && QFileInfo::exists(file))
-        return isWritable(file);
-    return saveRoot(file, loaded.tree);
+        return canWrite(file);
+    return saveRoot(file, loaded.tree, m_batch.get());
 }
 
 bool RegistryStore::deleteKey(quint32 root, const QString &path)
 {
     const QString file = rootFile(root);
-    LoadedRoot loaded = loadRoot(file);
+    LoadedRoot loaded = loadRoot(file, m_batch.get());
     const QStringList names = keyNames(path);
     if (!loaded.intact || names.isEmpty())
         return false;
@@ -256,7 +292,7 @@ bool RegistryStore::deleteKey(quint32 root, const QString &path)
         if (!it->children.empty())
             return false;
         parent->children.erase(it);
-        return saveRoot(file, loaded.tree);
+        return saveRoot(file, loaded.tree, m_batch.get());
     }
     return false;
 }
@@ -264,7 +300,7 @@ bool RegistryStore::deleteKey(quint32 root, const QString &path)
 bool RegistryStore::deleteValue(quint32 root, const QString &path, const QString &name)
 {
     const QString file = rootFile(root);
-    LoadedRoot loaded = loadRoot(file);
+    LoadedRoot loaded = loadRoot(file, m_batch.get());
     Node *key = loaded.intact ? findKey(loaded.tree, path) : nullptr;
     if (!key)
         return false;
@@ -272,7 +308,7 @@ bool RegistryStore::deleteValue(quint32 root, const QString &path, const QString
     if (index < 0)
         return false;
     key->values.erase(key->values.begin() + index);
-    return saveRoot(file, loaded.tree);
+    return saveRoot(file, loaded.tree, m_batch.get());
 }
 
 std::optional<RegistryValue> RegistryStore::queryValue(quint32 root, const QString &path,
@@ -281,7 +317,7 @@ std::optional<RegistryValue> RegistryStore::queryValue(quint32 root, const QStri
     const QString file = rootFile(root);
     if (file.isEmpty())
         return std::nullopt;
-    LoadedRoot loaded = loadRoot(file);
+    LoadedRoot loaded = loadRoot(file, m_batch.get());
     Node *key = findKey(loaded.tree, path);
     if (!key)
         return std::nullopt;
@@ -295,7 +331,7 @@ bool RegistryStore::setValue(quint32 root, const QString &path, const QString &n
                              const RegistryValue &value)
 {
     const QString file = rootFile(root);
-    LoadedRoot loaded = loadRoot(file);
+    LoadedRoot loaded = loadRoot(file, m_batch.get());
     Node *key = loaded.intact ? findKey(loaded.tree, path) : nullptr;
     if (!key)
         return false;
@@ -307,10 +343,10 @@ bool RegistryStore::setValue(quint32 root, const QString &path, const QString &n
         // An unchanged value is not written again (start-up sets the same values at
         // every start), but the root must still be writable, as for any write.
         if (stored.type == value.type && stored.data == value.data)
-            return isWritable(file);
+            return canWrite(file);
         stored = value;
     }
-    return saveRoot(file, loaded.tree);
+    return saveRoot(file, loaded.tree, m_batch.get());
 }
 
 std::optional<QStringList> RegistryStore::valueNames(quint32 root, const QString &path) const
@@ -318,7 +354,7 @@ std::optional<QStringList> RegistryStore::valueNames(quint32 root, const QString
     const QString file = rootFile(root);
     if (file.isEmpty())
         return std::nullopt;
-    LoadedRoot loaded = loadRoot(file);
+    LoadedRoot loaded = loadRoot(file, m_batch.get());
     Node *key = findKey(loaded.tree, path);
     if (!key)
         return std::nullopt;
@@ -333,7 +369,7 @@ std::optional<QStringList> RegistryStore::subKeyNames(quint32 root, const QStrin
     const QString file = rootFile(root);
     if (file.isEmpty())
         return std::nullopt;
-    LoadedRoot loaded = loadRoot(file);
+    LoadedRoot loaded = loadRoot(file, m_batch.get());
     Node *key = findKey(loaded.tree, path);
     if (!key)
         return std::nullopt;
@@ -341,6 +377,25 @@ std::optional<QStringList> RegistryStore::subKeyNames(quint32 root, const QStrin
     for (const Node &c : key->children)
         names << c.name;
     return names;
+}
+
+void RegistryStore::beginBatch()
+{
+    if (!m_batch)
+        m_batch = std::make_shared<Batch>();
+}
+
+bool RegistryStore::commitBatch()
+{
+    if (!m_batch)
+        return true;
+    bool ok = true;
+    for (const QString &file : m_batch->changed)
+        ok = writeRoot(file, m_batch->roots[file].tree) && ok;
+    m_batch->roots.clear();
+    m_batch->changed.clear();
+    m_batch.reset();
+    return ok;
 }
 
 } // namespace tessaro

@@ -4,6 +4,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <memory>
 #include <optional>
 
 namespace tessaro {
@@ -79,9 +80,20 @@ public:
     static QString defaultUserFolder();
     static QString defaultMachineFolder();
 
+    // Keeps the changes of this store (and of its copies) in memory until
+    // commitBatch(), which writes each changed root's file once. A root that cannot be
+    // written still fails the call that changes it. Used where many values are set
+    // in a row (the associations at start-up).
+    void beginBatch();
+    // Writes the changed roots and ends the batch; false when one could not be written.
+    bool commitBatch();
+
+    struct Batch;
+
 private:
     QString m_userFolder;
     QString m_machineFolder;
+    std::shared_ptr<Batch> m_batch;
 };
 
 } // namespace tessaro

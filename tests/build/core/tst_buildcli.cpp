@@ -206,6 +206,29 @@ private Q_SLOTS:
         QVERIFY(result.out.isEmpty());
     }
 
+    void anEmptyWorkspaceFileCannotBeOpened()
+    {
+        textfile::writeBytes(path("empty.tdi"), QByteArray());
+        const CliResult result = cli({"exe", path("empty.tdi"), "--print"});
+        QCOMPARE(result.status, 1);
+        QVERIFY(result.err.contains("You need to have a Workspace Loaded\n"));
+        QVERIFY(result.out.isEmpty());
+    }
+
+    void aBinaryWorkspaceOpensWithoutFilesAndPrintsTheEmptyFolderScript()
+    {
+        QByteArray noise;
+        for (int i = 0; i < 4096; ++i)
+            noise += char((i * 7919 + 13) % 256);
+        textfile::writeBytes(path("noise.tdi"), noise + "\r\n");
+        const CliResult result = cli({"game", path("noise.tdi"), "--print", "--set", "comPath=lcc",
+                                      "--set", "asmPath=q3asm"});
+        QCOMPARE(result.status, 0);
+        QCOMPARE(result.out, QByteArray("#!/bin/sh\ncd \nmkdir vm\ncd vm\n"
+                                        "lcc -DQ3_VM -S -Wf-target=bytecode -Wf-g -I -I -I \n"
+                                        "[ $? -eq 0 ] || exit 1\nq3asm -f ../game\ncd ..\n\n"));
+    }
+
     void quake2GivesTheMessageAsTheIdeDoes()
     {
         const QString workspace = writeWorkspace(path("mod"));

@@ -131,6 +131,35 @@ private Q_SLOTS:
         QCOMPARE(f.readAll(), QByteArray("\x01\x02 not a registry"));
     }
 
+    void aBatchWritesEachRootOnceAtTheEnd()
+    {
+        TempRegistry t;
+        t.store.beginBatch();
+        RegistryStore copy = t.store;
+        QVERIFY(copy.createKey(reg::ClassesRoot, "C.Source\\shell"));
+        QVERIFY(copy.setValue(reg::ClassesRoot, "C.Source", "",
+                              RegistryValue{reg::Sz, QByteArray("C Source\0", 9)}));
+        QVERIFY(copy.setValue(reg::ClassesRoot, "C.Source", "",
+                              RegistryValue{reg::Sz, QByteArray("C Source\0", 9)}));
+        QVERIFY(t.store.keyExists(reg::ClassesRoot, "c.source\\SHELL"));
+        QVERIFY(!QFile::exists(t.store.rootFile(reg::ClassesRoot)));
+        QVERIFY(t.store.commitBatch());
+        QVERIFY(QFile::exists(t.store.rootFile(reg::ClassesRoot)));
+        RegistryStore fresh(t.dir.path() + "/user", t.dir.path() + "/machine/Tessaro/registry");
+        QCOMPARE(fresh.queryValue(reg::ClassesRoot, "C.Source", "")->data,
+                 QByteArray("C Source\0", 9));
+    }
+    void aBatchStillFailsTheWriteToARootThatCannotBeWritten()
+    {
+        TempRegistry t;
+        t.blockMachineRoot();
+        t.store.beginBatch();
+        QVERIFY(!t.store.createKey(reg::LocalMachine, "SOFTWARE\\Classes"));
+        QVERIFY(t.store.createKey(reg::CurrentUser, "Software"));
+        QVERIFY(t.store.commitBatch());
+        QVERIFY(!t.store.keyExists(reg::LocalMachine, "SOFTWARE"));
+        QVERIFY(t.store.keyExists(reg::CurrentUser, "Software"));
+    }
     void readingAMissingValueGivesTheDefault()
     {
         TempRegistry t;
