@@ -349,34 +349,36 @@ bool RegistryStore::setValue(quint32 root, const QString &path, const QString &n
     return saveRoot(file, loaded.tree, m_batch.get());
 }
 
-std::optional<QStringList> RegistryStore::valueNames(quint32 root, const QString &path) const
+namespace {
+// The names of a key's values or of its sub-keys; nullopt when the key is missing.
+std::optional<QStringList> namesUnder(const QString &file, const QString &path,
+                                      RegistryStore::Batch *batch, bool subKeys)
 {
-    const QString file = rootFile(root);
     if (file.isEmpty())
         return std::nullopt;
-    LoadedRoot loaded = loadRoot(file, m_batch.get());
-    Node *key = findKey(loaded.tree, path);
+    LoadedRoot loaded = loadRoot(file, batch);
+    const Node *key = findKey(loaded.tree, path);
     if (!key)
         return std::nullopt;
     QStringList names;
-    for (const auto &value : key->values)
-        names << value.first;
+    if (subKeys)
+        for (const Node &c : key->children)
+            names << c.name;
+    else
+        for (const auto &value : key->values)
+            names << value.first;
     return names;
+}
+} // namespace
+
+std::optional<QStringList> RegistryStore::valueNames(quint32 root, const QString &path) const
+{
+    return namesUnder(rootFile(root), path, m_batch.get(), false);
 }
 
 std::optional<QStringList> RegistryStore::subKeyNames(quint32 root, const QString &path) const
 {
-    const QString file = rootFile(root);
-    if (file.isEmpty())
-        return std::nullopt;
-    LoadedRoot loaded = loadRoot(file, m_batch.get());
-    Node *key = findKey(loaded.tree, path);
-    if (!key)
-        return std::nullopt;
-    QStringList names;
-    for (const Node &c : key->children)
-        names << c.name;
-    return names;
+    return namesUnder(rootFile(root), path, m_batch.get(), true);
 }
 
 void RegistryStore::beginBatch()

@@ -11,6 +11,23 @@
 using namespace tessaro;
 using namespace tessaro::handover;
 
+namespace {
+// A listening server in a private folder that records what it is asked to do.
+struct RecordingServer
+{
+    explicit RecordingServer(bool visible) : server(dir.path() + "/Tessaro_APPLICATION")
+    {
+        server.setVisibility([visible] { return visible; });
+        server.setHandlers([this](const QByteArray &bytes) { received << bytes; },
+                           [this] { ++activations; });
+    }
+    QTemporaryDir dir;
+    InstanceServer server;
+    QByteArrayList received;
+    int activations = 0;
+};
+} // namespace
+
 class SingleInstanceTest : public QObject
 {
     Q_OBJECT
@@ -145,46 +162,31 @@ private Q_SLOTS:
     }
     void aCommandLineIsHandedOverAndAnsweredAfterItWasHandled()
     {
-        QTemporaryDir dir;
-        InstanceServer server(dir.path() + "/Tessaro_APPLICATION");
-        server.setVisibility([] { return true; });
-        QByteArrayList received;
-        int activations = 0;
-        server.setHandlers([&](const QByteArray &bytes) { received << bytes; },
-                           [&] { ++activations; });
+        RecordingServer s(true);
+        InstanceServer &server = s.server;
         QVERIFY(server.listen());
         QCOMPARE(contactRunningCopy(server.path(), "\"/tmp/g main.c\"", 5000),
                  HandOverOutcome::HandedOver);
-        QCOMPARE(received, QByteArrayList{"\"/tmp/g main.c\""});
-        QCOMPARE(activations, 0);
+        QCOMPARE(s.received, QByteArrayList{"\"/tmp/g main.c\""});
+        QCOMPARE(s.activations, 0);
     }
     void noArgumentsAndAVisibleWindowOnlyActivate()
     {
-        QTemporaryDir dir;
-        InstanceServer server(dir.path() + "/Tessaro_APPLICATION");
-        server.setVisibility([] { return true; });
-        QByteArrayList received;
-        int activations = 0;
-        server.setHandlers([&](const QByteArray &bytes) { received << bytes; },
-                           [&] { ++activations; });
+        RecordingServer s(true);
+        InstanceServer &server = s.server;
         QVERIFY(server.listen());
         QCOMPARE(contactRunningCopy(server.path(), QString(), 5000), HandOverOutcome::Activated);
-        QVERIFY(received.isEmpty());
-        QCOMPARE(activations, 1);
+        QVERIFY(s.received.isEmpty());
+        QCOMPARE(s.activations, 1);
     }
     void noArgumentsAndAHiddenWindowSendOneZeroByte()
     {
-        QTemporaryDir dir;
-        InstanceServer server(dir.path() + "/Tessaro_APPLICATION");
-        server.setVisibility([] { return false; });
-        QByteArrayList received;
-        int activations = 0;
-        server.setHandlers([&](const QByteArray &bytes) { received << bytes; },
-                           [&] { ++activations; });
+        RecordingServer s(false);
+        InstanceServer &server = s.server;
         QVERIFY(server.listen());
         QCOMPARE(contactRunningCopy(server.path(), QString(), 5000), HandOverOutcome::HandedOver);
-        QCOMPARE(received, QByteArrayList{QByteArray(1, '\0')});
-        QCOMPARE(activations, 0);
+        QCOMPARE(s.received, QByteArrayList{QByteArray(1, '\0')});
+        QCOMPARE(s.activations, 0);
     }
     void aSocketLeftByADeadCopyIsReplacedWhenListening()
     {
