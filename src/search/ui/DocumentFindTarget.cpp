@@ -1,44 +1,25 @@
 #include "search/ui/DocumentFindTarget.h"
 
-#include "platform/core/RuntimeError.h"
-#include "shell/ui/ActiveDocument.h"
-
-#include <QVariant>
+#include "editor/ui/srcText.h"
 
 namespace tessaro::search {
 
-namespace {
-
-[[noreturn]] void notSupported()
-{
-    throw RuntimeError(438, QStringLiteral("Object doesn't support this property or method"),
-                       QStringLiteral("Tessaro"));
-}
-
-} // namespace
-
-QVariant DocumentFindTarget::property(const char *name) const
-{
-    const QVariant value = readByName(m_code.data(), name);
-    if (!value.isValid())
-        notSupported();
-    return value;
-}
-
 qint32 DocumentFindTarget::selStart() const
 {
-    return property("SelStart").toInt();
+    return m_code ? qint32(m_code->SelStart()) : 0;
 }
 
+// Len(Text): the text's length with every line break counted as CR LF, which the
+// control knows without building the text.
 qint32 DocumentFindTarget::textLength() const
 {
-    return qint32(property("Text").toString().size());
+    return m_code ? qint32(m_code->CharacterCount()) : 0;
 }
 
 void DocumentFindTarget::find(const QString &text, qint32 start, qint32 end)
 {
-    if (!callByName(m_code.data(), "Find", {text, start, end}))
-        notSupported();
+    if (m_code)
+        m_code->Find(text, start, end);
 }
 
 } // namespace tessaro::search

@@ -1,5 +1,6 @@
 #include "search/ui/SearchCommands.h"
 
+#include "editor/ui/srcText.h"
 #include "platform/core/ErrorTraps.h"
 #include "platform/core/MsgBox.h"
 #include "search/ui/ComboFindBox.h"
@@ -77,7 +78,9 @@ std::unique_ptr<FindTarget> SearchCommands::activeDocument() const
     QMdiSubWindow *child = activeChild(m_main.mdiArea());
     if (!child || isOutputOrFindInFiles(child))
         return nullptr;
-    QObject *code = codeOf(child);
+    // A child without an editor control cannot be searched: the command ends quietly
+    // with 438 "Object doesn't support this property or method".
+    auto *code = qobject_cast<srcText *>(codeOf(child));
     if (!code)
         throw RuntimeError(438, QStringLiteral("Object doesn't support this property or method"),
                            QStringLiteral("Tessaro"));

@@ -1,7 +1,7 @@
+#include "editor/ui/srcText.h"
 #include "platform/core/MsgBox.h"
 #include "platform/core/RuntimeError.h"
 #include "platform/core/TextFile.h"
-#include "search/core/CaselessPattern.h"
 #include "search/ui/SearchCommands.h"
 #include "search/ui/frmFind.h"
 #include "search/ui/frmFnF.h"
@@ -29,38 +29,6 @@ using namespace tessaro;
 using namespace tessaro::search;
 using tessaro::test::RecordingMessageBox;
 
-// A document window's editor as the find commands reach it: SelStart, Text and
-// Find(text, start, end), searching forward without case and selecting the match.
-class FakeEditor : public QObject
-{
-    Q_OBJECT
-    Q_PROPERTY(qint32 SelStart READ selStart WRITE setSelStart)
-    Q_PROPERTY(QString Text READ text)
-public:
-    FakeEditor(const QString &text, QObject *parent) : QObject(parent), m_text(text)
-    {
-        setObjectName(QStringLiteral("code"));
-    }
-    qint32 selStart() const { return m_selStart; }
-    void setSelStart(qint32 position) { m_selStart = position; }
-    QString text() const { return m_text; }
-
-    Q_INVOKABLE qint32 Find(const QString &what, qint32 start, qint32 end)
-    {
-        ++findCalls;
-        const qsizetype at = CaselessPattern(what).indexIn(m_text, start, end);
-        if (at >= 0)
-            m_selStart = qint32(at);
-        return qint32(at);
-    }
-
-    int findCalls = 0;
-
-private:
-    QString m_text;
-    qint32 m_selStart = 0;
-};
-
 class SearchCommandsTest : public QObject
 {
     Q_OBJECT
@@ -73,11 +41,16 @@ class SearchCommandsTest : public QObject
 
     QMdiArea *mdi() const { return m_main->mdiArea(); }
 
-    FakeEditor *openDocument(const QString &text)
+    // A document window: a form holding the editor control "code" with the text,
+    // the caret at the start.
+    srcText *openDocument(const QString &text)
     {
         auto *form = new QWidget;
         form->setObjectName(QStringLiteral("frmDocument"));
-        auto *editor = new FakeEditor(text, form);
+        auto *editor = new srcText(form);
+        editor->setObjectName(QStringLiteral("code"));
+        editor->setText(text);
+        editor->setSelStart(0);
         QMdiSubWindow *child = mdi()->addSubWindow(form);
         child->show();
         mdi()->setActiveSubWindow(child);
@@ -131,16 +104,16 @@ private Q_SLOTS:
 
     void findButtonSelectsOverlappingMatchesOneAfterTheOther()
     {
-        FakeEditor *doc = openDocument(QStringLiteral("aaaa"));
+        srcText *doc = openDocument(QStringLiteral("aaaa"));
         m_box->setEditText(QStringLiteral("aa"));
         m_find->click();
-        QCOMPARE(doc->selStart(), 1);
+        QCOMPARE(doc->SelStart(), 1);
         m_find->click();
-        QCOMPARE(doc->selStart(), 2);
+        QCOMPARE(doc->SelStart(), 2);
         m_find->click();
-        QCOMPARE(doc->selStart(), 2);
+        QCOMPARE(doc->SelStart(), 2);
         m_main->action(QStringLiteral("mnuEditFA"))->trigger();
-        QCOMPARE(doc->selStart(), 2);
+        QCOMPARE(doc->SelStart(), 2);
         QCOMPARE(m_box->count(), 1);
         QCOMPARE(m_box->itemText(0), QStringLiteral("aa"));
         QCOMPARE(m_box->currentText(), QStringLiteral("aa"));
@@ -148,20 +121,20 @@ private Q_SLOTS:
 
     void theToolbarsFindButtonSearchesLikeTheFindBoxButton()
     {
-        FakeEditor *doc = openDocument(QStringLiteral("aaaa"));
+        srcText *doc = openDocument(QStringLiteral("aaaa"));
         m_box->setEditText(QStringLiteral("AA"));
         auto *toolbar = m_main->findChild<MainToolbar *>();
         QVERIFY(toolbar);
         toolbar->dispatchKey(QStringLiteral("Find"));
-        QCOMPARE(doc->selStart(), 1);
+        QCOMPARE(doc->SelStart(), 1);
         toolbar->dispatchKey(QStringLiteral("Find"));
-        QCOMPARE(doc->selStart(), 2);
+        QCOMPARE(doc->SelStart(), 2);
         QCOMPARE(m_box->count(), 1);
     }
 
     void findAgainAddsTheChangedBoxTextEveryTime()
     {
-        FakeEditor *doc = openDocument(QStringLiteral("one two one two one"));
+        srcText *doc = openDocument(QStringLiteral("one two one two one"));
         m_box->setEditText(QStringLiteral("one"));
         m_find->click();
         m_box->setEditText(QStringLiteral("two"));
@@ -174,32 +147,46 @@ private Q_SLOTS:
         QCOMPARE(m_box->itemText(1), QStringLiteral("two"));
         QCOMPARE(m_box->itemText(2), QStringLiteral("two"));
         QCOMPARE(m_box->currentText(), QStringLiteral("two"));
-        QCOMPARE(doc->selStart(), 16); // still searching for "one"
+        QCOMPARE(doc->SelStart(), 16); // still searching for "one"
+    }
+
+    void positionsCountEveryLineBreakAsTwoCharacters()
+    {
+        srcText *doc = openDocument(QStringLiteral("ab\r\ncd\r\nCD"));
+        m_box->setEditText(QStringLiteral("cd"));
+        m_find->click();
+        QCOMPARE(doc->SelStart(), 4);
+        QCOMPARE(doc->SelLength(), 2);
+        m_main->action(QStringLiteral("mnuEditFA"))->trigger();
+        QCOMPARE(doc->SelStart(), 8);
+        m_main->action(QStringLiteral("mnuEditFA"))->trigger();
+        QCOMPARE(doc->SelStart(), 8); // no wrap to the top
     }
 
     void findAgainBeforeAnyFindDoesNothing()
     {
-        FakeEditor *doc = openDocument(QStringLiteral("score"));
+        srcText *doc = openDocument(QStringLiteral("score score"));
         m_box->setEditText(QStringLiteral("score"));
         m_main->action(QStringLiteral("mnuEditFA"))->trigger();
-        QCOMPARE(doc->findCalls, 0);
+        QCOMPARE(doc->SelStart(), 0);
+        QCOMPARE(doc->SelLength(), 0);
         QCOMPARE(m_box->count(), 0);
     }
 
     void withTheOutputWindowOrTheDialogActiveNothingHappens()
     {
         app().workspace.open = true;
-        FakeEditor *doc = openDocument(QStringLiteral("x x x"));
+        srcText *doc = openDocument(QStringLiteral("x x x"));
         m_box->setEditText(QStringLiteral("x"));
         m_find->click();
-        QCOMPARE(doc->findCalls, 1);
+        QCOMPARE(doc->SelStart(), 2);
 
         m_commands->mnuEditFindnF_Click(); // the dialog is now the active child
         QCOMPARE(mdi()->currentSubWindow()->widget()->objectName(), QStringLiteral("frmFnF"));
         m_box->setEditText(QStringLiteral("y"));
         m_find->click();
         m_main->action(QStringLiteral("mnuEditFA"))->trigger();
-        QCOMPARE(doc->findCalls, 1);
+        QCOMPARE(doc->SelStart(), 2);
         QCOMPARE(m_box->count(), 1);
 
         frmOut *out = findInFiles(QStringLiteral("x")); // now the output window
@@ -207,7 +194,7 @@ private Q_SLOTS:
         QCOMPARE(mdi()->currentSubWindow()->widget(), out);
         m_find->click();
         m_main->action(QStringLiteral("mnuEditFA"))->trigger();
-        QCOMPARE(doc->findCalls, 1);
+        QCOMPARE(doc->SelStart(), 2);
         QCOMPARE(m_box->count(), 1);
         QCOMPARE(m_commands->controller().lastFindText(), QStringLiteral("x"));
     }
@@ -222,12 +209,12 @@ private Q_SLOTS:
 
     void enterInTheFindBoxStartsNothing()
     {
-        FakeEditor *doc = openDocument(QStringLiteral("score score"));
+        srcText *doc = openDocument(QStringLiteral("score score"));
         m_box->setFocus();
         m_box->setEditText(QStringLiteral("score"));
         QTest::keyClick(m_box->lineEdit(), Qt::Key_Return);
         QTest::keyClick(m_box->lineEdit(), Qt::Key_Enter);
-        QCOMPARE(doc->findCalls, 0);
+        QCOMPARE(doc->SelStart(), 0);
         QCOMPARE(m_box->count(), 0);
         QVERIFY(m_commands->controller().lastFindText().isEmpty());
     }
