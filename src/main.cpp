@@ -1,3 +1,6 @@
 #include "shell/ui/Startup.h"
 
-int main(int argc, char *argv[]) { return tessaro::Main(argc, argv); }
+int main(int argc, char *argv[])
+{
+    return tessaro::Main(argc, argv);
+}

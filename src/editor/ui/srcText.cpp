@@ -34,6 +34,9 @@ srcText::srcText(QWidget *parent) : QWidget(parent)
 {
     m_rtfMain = new SourceEditBox(this);
     m_rtfMain->setLineWrapMode(QPlainTextEdit::NoWrap);
+    // A scroll bar that comes and goes changes the box's width, and every change of
+    // width lays the whole text out again: on a large file that stalls the window.
+    m_rtfMain->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_rtfMain);
@@ -41,6 +44,8 @@ srcText::srcText(QWidget *parent) : QWidget(parent)
 
     m_rtfTemp = new QTextDocument(this);
     m_rtfTemp->setObjectName(QStringLiteral("rtfTemp"));
+    // A plain-text layout lays out only what is shown, and rtfTemp is never shown.
+    m_rtfTemp->setDocumentLayout(new QPlainTextDocumentLayout(m_rtfTemp));
     m_tempCursor = QTextCursor(m_rtfTemp);
 
     // tmrInsert is part of the control but nothing enables it.
@@ -211,9 +216,8 @@ bool srcText::LoadFile(const QString &strFileName, int FileType)
 void srcText::setDocumentText(const QString &text, const LineEnds *lineEnds)
 {
     m_loading = true;
-    QTextCharFormat format = m_rtfMain->currentCharFormat();
-    format.setForeground(classiccolour::toColor(m_colourText, palette()));
-    m_rtfMain->setCurrentCharFormat(format);
+    // Text without a colour of its own shows in Colour_Text (the box's text colour).
+    m_rtfMain->setCurrentCharFormat(QTextCharFormat());
     m_rtfMain->setPlainText(text);
     QTextDocument *doc = m_rtfMain->document();
     if (lineEnds) {
@@ -266,9 +270,7 @@ QString srcText::Text() const { return positions::publicText(*m_rtfMain->documen
 void srcText::setText(const QString &New_Text)
 {
     m_usualLineEnd = LineEnd::CRLF;
-    QTextCharFormat format = m_rtfMain->currentCharFormat();
-    format.setForeground(classiccolour::toColor(m_colourText, palette()));
-    m_rtfMain->setCurrentCharFormat(format);
+    m_rtfMain->setCurrentCharFormat(QTextCharFormat());
     m_rtfMain->setPlainText(New_Text);
     m_colouring->forgetUndoSteps();
 }
@@ -330,7 +332,7 @@ void srcText::SetSelection(qsizetype lStart, qsizetype lEnd)
 
 void srcText::SetTempSelection(qsizetype lStart, qsizetype lEnd)
 {
-    const QTextDocument &doc = *m_rtfTemp;
+    const QTextDocument &doc = *m_colouring->snapshotDocument();
     if (lStart == 0 && lEnd == -1) {
         m_tempCursor.select(QTextCursor::Document);
     } else if (lStart < 0) {
@@ -345,13 +347,16 @@ void srcText::SetTempSelection(qsizetype lStart, qsizetype lEnd)
 
 qsizetype srcText::CharacterCount() const { return positions::publicLength(*m_rtfMain->document()); }
 
-qsizetype srcText::TempCharacterCount() const { return positions::publicLength(*m_rtfTemp); }
+qsizetype srcText::TempCharacterCount() const
+{
+    return positions::publicLength(*m_colouring->snapshotDocument());
+}
 
 QPlainTextEdit *srcText::RTFBox() const { return m_rtfMain; }
 
 QPlainTextEdit *srcText::hWnd() const { return m_rtfMain; }
 
-QTextDocument *srcText::TempDocument() const { return m_rtfTemp; }
+QTextDocument *srcText::TempDocument() const { return m_colouring->snapshotDocument(); }
 
 int srcText::LineCount() const { return m_rtfMain->document()->blockCount(); }
 

@@ -12,6 +12,7 @@
 #include <QMdiArea>
 #include <QPushButton>
 #include <QToolBar>
+#include <algorithm>
 
 namespace tessaro {
 

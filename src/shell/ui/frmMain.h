@@ -37,12 +37,12 @@ public:
     // What the start-up module hands the window for its Load.
     struct StartupLinks
     {
-        InstanceLock *lock = nullptr;         // the single-instance lock, let go by QueryUnload
-        QString socketPath;                   // where the running copy listens for later copies
-        QString commandLine;                  // the process command line (arguments quoted)
-        std::function<void()> unloadSplash;   // step 9
-        std::function<void()> ended;          // after Unload: the program ends
-        SettingsStore *settings = nullptr;    // nullptr: the user's settings file
+        InstanceLock *lock = nullptr;       // the single-instance lock, let go by QueryUnload
+        QString socketPath;                 // where the running copy listens for later copies
+        QString commandLine;                // the process command line (arguments quoted)
+        std::function<void()> unloadSplash; // step 9
+        std::function<void()> ended;        // after Unload: the program ends
+        SettingsStore *settings = nullptr;  // nullptr: the user's settings file
     };
     // Load steps that other parts of the window fill in; Load runs them in place.
     enum class LoadStep { ToolbarAndBands, FileBrowserFolder };

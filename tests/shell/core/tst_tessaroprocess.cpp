@@ -128,12 +128,14 @@ private Q_SLOTS:
         auto first = account.start({});
         QVERIFY(account.waitForEvent("loaded"));
         QVERIFY(account.events().filter("open ").isEmpty());
+        const int activations = int(account.events().count("activated"));
 
         auto second = account.startWithoutDisplay({kSampleMain});
         QVERIFY(finishesQuietly(*second));
         QCOMPARE(second->readAllStandardError(), QByteArray());
         QVERIFY(account.events().contains("later copy: handed over"));
         QVERIFY(account.events().contains("open " + kSampleMain));
+        QCOMPARE(int(account.events().count("activated")), activations + 1); // brought to the front
         QCOMPARE(first->state(), QProcess::Running);
 
         QVERIFY(stop(*first));
