@@ -127,6 +127,7 @@ private:
         int start;
         int end;
         StretchKind kind;
+        bool plain; // the text has no format beyond a colour: the colour may replace it
     };
 
     void step();
@@ -144,7 +145,7 @@ private:
     std::size_t writeChanges(const std::vector<Change> &changes, std::size_t from,
                              const std::vector<std::pair<int, QString>> &spellings,
                              const QElapsedTimer *clock = nullptr, qint64 budgetNs = 0);
-    bool sameColour(const QTextFragment &fragment, StretchKind kind) const;
+    bool sameColour(const QTextFragment &fragment, StretchKind kind, bool *plain) const;
     // Records the list spellings that differ from the line's letters.
     void collectSpellings(const QTextBlock &block, const std::vector<Piece> &pieces,
                           std::size_t from, std::vector<std::pair<int, QString>> &spellings,
@@ -170,6 +171,7 @@ private:
     int m_dirtyLast = -1;
     // Foreground of each character format of the document (0: none of its own).
     mutable QHash<int, QRgb> m_formatColours;
+    mutable QHash<int, bool> m_formatPlain; // formats that hold a colour at most
     // Places in the undo history (1 = the oldest step) that hold colours only.
     std::set<int> m_ownSteps;
     int m_knownTop = 0; // the history's size after the last change seen here
