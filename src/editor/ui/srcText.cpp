@@ -10,6 +10,7 @@
 #include "platform/core/Paths.h"
 #include "platform/core/RuntimeError.h"
 #include "platform/core/TextFile.h"
+#include "search/core/CaselessPattern.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -519,6 +520,17 @@ int srcText::Find(const QString &bstrString, int vStart, int vEnd, int vOptions)
     enum { WholeWord = 2, MatchCase = 4, NoHighlight = 8 };
     if (bstrString.isEmpty())
         return -1;
+    if (vOptions == 0) {
+        // The usual search (no options, a text within one line, Latin-1) runs on the
+        // document's own text with the fast matcher of Find in Files, without building
+        // the joined text: a 10 MiB document is searched in a few milliseconds.
+        const qsizetype found = findOnOneLine(bstrString, vStart, vEnd);
+        if (found != NotSearched) {
+            if (found >= 0)
+                SetSelection(found, found + bstrString.size());
+            return int(found);
+        }
+    }
     const QString text = Text();
     const qsizetype length = text.size();
     const qsizetype end = (vEnd < 0 || vEnd > length) ? length : vEnd;
@@ -543,6 +555,35 @@ int srcText::Find(const QString &bstrString, int vStart, int vEnd, int vOptions)
         from = found + 1;
     }
     return -1;
+}
+
+qsizetype srcText::findOnOneLine(const QString &text, int vStart, int vEnd) const
+{
+    const search::CaselessPattern pattern(text);
+    if (!pattern.isLatin1() || text.contains(u'\r') || text.contains(u'\n'))
+        return NotSearched;
+    const QTextDocument &doc = *m_rtfMain->document();
+    const qsizetype length = positions::publicLength(doc);
+    const qsizetype end = (vEnd < 0 || vEnd > length) ? length : vEnd;
+    const qsizetype from = std::max(0, vStart);
+    if (from >= end)
+        return -1;
+    // Line breaks are single separators in the document's text; no match can hold
+    // one, so a match keeps its length in public positions.
+    const QString raw = doc.toRawText();
+    qsizetype docFrom = toDocument(doc, from);
+    const qsizetype docEnd = std::min<qsizetype>(toDocument(doc, end), raw.size());
+    for (;;) {
+        const qsizetype at = pattern.indexIn(raw, docFrom, docEnd);
+        if (at < 0)
+            return -1;
+        const qsizetype found = toPublic(doc, int(at));
+        if (found + text.size() > end)
+            return -1;
+        if (found >= from)
+            return found;
+        docFrom = at + 1;
+    }
 }
 
 void srcText::UpTo(const QString &bstrCharacterSet, bool vForward, bool vNegate)
