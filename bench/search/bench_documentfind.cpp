@@ -4,13 +4,18 @@
 //
 //   bench_documentfind [RUNS]
 //
-// Times the search primitive that a document's Find uses over the document text
-// (UTF-16, line breaks as CR LF), and Qt's own case-insensitive search as a
-// reference.
+// Times Find Again in a document window's editor control (srcText) holding the
+// text, as the command runs it (selection start, text length, Find), and, over the
+// bare text (UTF-16, line breaks as CR LF), the search primitive of Find in Files
+// and Qt's own case-insensitive search for comparison. Run it with
+// QT_QPA_PLATFORM=offscreen when there is no display.
 
+#include "editor/ui/srcText.h"
 #include "search/core/CaselessPattern.h"
+#include "search/core/FindController.h"
+#include "search/ui/DocumentFindTarget.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QElapsedTimer>
 #include <QRandomGenerator>
 
@@ -66,14 +71,15 @@ double medianMs(int runs, const std::function<qsizetype()> &search, qsizetype ex
 
 int main(int argc, char **argv)
 {
-    QCoreApplication application(argc, argv);
+    QApplication application(argc, argv);
     const int runs = argc > 1 ? std::max(1, atoi(argv[1])) : 20;
     const QString word = QStringLiteral("Quaternion");
     QString document = makeDocument(10 * 1024 * 1024);
-    const qsizetype first = 1000;
-    const qsizetype last = document.size() - 1000;
-    document.replace(first, word.size(), QStringLiteral("QUATERNION"));
-    document.replace(last, word.size(), QStringLiteral("quaternion"));
+    // The word on lines of its own, near the start and near the end.
+    const qsizetype first = document.indexOf(QLatin1String("\r\n"), 1000) + 2;
+    document.insert(first, QStringLiteral("QUATERNION\r\n"));
+    const qsizetype last = document.lastIndexOf(QLatin1String("\r\n"), document.size() - 1000) + 2;
+    document.insert(last, QStringLiteral("quaternion\r\n"));
 
     const CaselessPattern pattern(word);
     const QStringView text(document);
@@ -81,8 +87,30 @@ int main(int argc, char **argv)
         runs, [&] { return pattern.indexIn(text, first + 1, text.size()); }, last);
     const double qt = medianMs(
         runs, [&] { return text.indexOf(word, first + 1, Qt::CaseInsensitive); }, last);
-    std::printf("find in a 10 MiB document, first to last occurrence (%lld characters): "
+    std::printf("find in a 10 MiB text, first to last occurrence (%lld characters): "
                 "CaselessPattern %.2f ms, QStringView::indexOf %.2f ms (median of %d)\n",
                 qlonglong(last - first), ours, qt, runs);
+
+    // The same search as Find Again in an editor control holding the document.
+    tessaro::srcText editor;
+    editor.setText(document);
+    tessaro::search::DocumentFindTarget target(editor);
+    tessaro::search::FindController controller;
+    struct Box : tessaro::search::FindBox
+    {
+        QString text() const override { return QStringLiteral("quaternion"); }
+        void addItem(const QString &) override {}
+    } box;
+    const double editorFind = medianMs(
+        runs,
+        [&] {
+            editor.SetSelection(first, first + word.size());
+            controller.find(box, &target);
+            return qsizetype(editor.SelStart());
+        },
+        last);
+    std::printf("find in a 10 MiB document window (srcText, %lld characters): Find from the "
+                "first to the last occurrence %.2f ms (median of %d)\n",
+                qlonglong(editor.CharacterCount()), editorFind, runs);
     return 0;
 }

@@ -43,4 +43,4 @@ echo "tessaro-cli find: median $((cli / 1000)).$(printf %03d $((cli % 1000))) ms
 "$build/bin/tessaro-cli" find "$work/mod.tdi" "$text" | grep -c '^Found' | sed 's/^/tessaro-cli find: files found: /'
 grep -l -i -F "$text" "$@" | wc -l | sed 's/^/grep -l -i -F: files found: /'
 
-"$build/bin/bench_documentfind" 20
+QT_QPA_PLATFORM=${QT_QPA_PLATFORM:-offscreen} "$build/bin/bench_documentfind" 20

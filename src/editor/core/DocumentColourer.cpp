@@ -21,6 +21,8 @@ namespace {
 constexpr qint64 SliceBudgetMs = 8;
 // The snapshot is copied into the hidden document in pieces of this many characters.
 constexpr qsizetype FillChunk = 128 * 1024;
+// Scan results are turned into document positions this many at a time.
+constexpr std::size_t ConvertChunk = 16 * 1024;
 // The typing path colours at most this long at once; longer cascades go on later.
 constexpr qint64 TypingBudgetMs = 8;
 
@@ -28,20 +30,26 @@ constexpr qint64 TypingBudgetMs = 8;
 
 struct DocumentColourer::Run
 {
-    enum class Phase { Fill, Scan, Apply };
+    enum class Phase { Fill, Scan, Convert, Apply };
     Phase phase = Phase::Fill;
     bool html = false;
     bool silent = false;
     bool cancelRequested = false;
     quint64 generation = 0;
-    QString snapshot;
-    std::unique_ptr<CrLfLines> lines;
+    QString raw;      // the document's text as taken, one character per line break
+    QString snapshot; // the same text with CR LF line breaks, as the scanners read it
+    CrLfLines lines;
     qsizetype filled = 0;
     std::unique_ptr<ColourScan> scan;
+    std::vector<ColourStretch> stretches;
+    std::size_t converted = 0;
+    qsizetype lineHint = 0;
     std::vector<Piece> pieces;
+    std::vector<Change> changes; // found and not yet written
+    std::size_t written = 0;
+    std::vector<std::pair<int, QString>> spellings;
     std::size_t nextPiece = 0;
     int nextBlock = 0;
-    QTimer sliceTimer;
 };
 
 DocumentColourer::DocumentColourer(QTextDocument *document, QTextDocument *snapshot,
@@ -50,6 +58,10 @@ DocumentColourer::DocumentColourer(QTextDocument *document, QTextDocument *snaps
 {
     m_colours = {QColor(0, 128, 0), QColor(0, 0, 127), QColor(0, 0, 0)};
     m_snapshot->setUndoRedoEnabled(false);
+    // Each slice of a run is started from the event loop by this timer.
+    m_sliceTimer.setSingleShot(true);
+    m_sliceTimer.setInterval(0);
+    connect(&m_sliceTimer, &QTimer::timeout, this, &DocumentColourer::step);
     // A step added to the undo history replaces every step that could be redone.
     connect(m_doc, &QTextDocument::undoCommandAdded, this, [this] {
         m_ownSteps.erase(m_ownSteps.upper_bound(m_knownTop), m_ownSteps.end());
@@ -137,16 +149,13 @@ bool DocumentColourer::start(bool html, bool silent)
     m_run = std::make_unique<Run>();
     m_run->html = html;
     m_run->silent = silent;
-    m_run->sliceTimer.setSingleShot(true);
-    m_run->sliceTimer.setInterval(0);
-    connect(&m_run->sliceTimer, &QTimer::timeout, this, &DocumentColourer::step);
     if (!silent) {
         m_progressTimer->start();
         Q_EMIT progressStart();
     }
     QGuiApplication::setOverrideCursor(QCursor(Qt::WaitCursor));
     beginSnapshot();
-    m_run->sliceTimer.start();
+    m_sliceTimer.start();
     return true;
 }
 
@@ -165,6 +174,7 @@ int DocumentColourer::percentComplete() const
     switch (m_run->phase) {
     case Run::Phase::Fill: return 0;
     case Run::Phase::Scan: return m_run->scan ? m_run->scan->percentComplete() : 0;
+    case Run::Phase::Convert:
     case Run::Phase::Apply: return 100;
     }
     return 0;
@@ -174,15 +184,37 @@ void DocumentColourer::beginSnapshot()
 {
     Run &run = *m_run;
     run.generation = m_generation;
-    run.snapshot = positions::publicText(*m_doc);
-    run.lines = std::make_unique<CrLfLines>(run.snapshot);
+    // The copy is taken at once; turning it into CR LF text goes on in slices.
+    run.raw = m_doc->toRawText();
+    run.snapshot.clear();
+    run.snapshot.reserve(run.raw.size() + run.raw.size() / 16);
+    run.lines = CrLfLines();
     run.phase = Run::Phase::Fill;
     run.filled = 0;
     run.scan.reset();
+    run.stretches.clear();
+    run.converted = 0;
+    run.lineHint = 0;
     run.pieces.clear();
+    run.changes.clear();
+    run.written = 0;
+    run.spellings.clear();
     run.nextPiece = 0;
     run.nextBlock = 0;
-    m_snapshot->clear();
+}
+
+QTextDocument *DocumentColourer::snapshotDocument()
+{
+    if (m_snapshotStale) {
+        m_snapshotStale = false;
+        m_snapshot->clear();
+        QTextCursor cursor(m_snapshot);
+        cursor.beginEditBlock();
+        cursor.insertText(m_snapshotText);
+        cursor.endEditBlock();
+        m_snapshotText.clear();
+    }
+    return m_snapshot;
 }
 
 void DocumentColourer::step()
@@ -205,79 +237,119 @@ void DocumentColourer::step()
     bool done = false;
     while (!done && clock.elapsed() < SliceBudgetMs) {
         switch (run.phase) {
-        case Run::Phase::Fill: {
-            qsizetype end = std::min(run.filled + FillChunk, run.snapshot.size());
-            // Never split a CR LF pair: the halves would make two line breaks.
-            if (end < run.snapshot.size() && end > 0 && run.snapshot.at(end - 1) == u'\r' &&
-                run.snapshot.at(end) == u'\n')
-                ++end;
-            QTextCursor cursor(m_snapshot);
-            cursor.movePosition(QTextCursor::End);
-            cursor.insertText(run.snapshot.mid(run.filled, end - run.filled));
-            run.filled = end;
-            if (run.filled >= run.snapshot.size()) {
-                ScanRequest request = m_request;
-                request.text = run.snapshot;
-                request.html = run.html;
-                run.scan = std::make_unique<ColourScan>(std::move(request));
-                run.phase = Run::Phase::Scan;
-            }
-            break;
-        }
+        case Run::Phase::Fill: fillSlice(); break;
         case Run::Phase::Scan: {
             const auto left = std::chrono::milliseconds(
                 std::max<qint64>(1, SliceBudgetMs - clock.elapsed()));
             if (run.scan->runSlice(left)) {
-                std::vector<ColourStretch> stretches = run.scan->takeStretches();
-                run.pieces.reserve(stretches.size());
-                for (ColourStretch &s : stretches) {
-                    const int from = int(run.lines->toDocument(s.start));
-                    const int to = int(run.lines->toDocument(s.start + s.length));
-                    if (to > from)
-                        run.pieces.push_back({from, to, s.kind, std::move(s.spelling)});
-                }
+                run.stretches = run.scan->takeStretches();
                 run.scan.reset();
-                std::stable_sort(run.pieces.begin(), run.pieces.end(),
-                                 [](const Piece &a, const Piece &b) { return a.start < b.start; });
-                run.phase = Run::Phase::Apply;
+                run.pieces.reserve(run.stretches.size());
+                run.phase = Run::Phase::Convert;
             }
             break;
         }
+        case Run::Phase::Convert: convertSlice(); break;
         case Run::Phase::Apply: done = applySlice(clock); break;
         }
     }
     if (done)
         finish();
     else
-        run.sliceTimer.start();
+        m_sliceTimer.start();
+}
+
+void DocumentColourer::fillSlice()
+{
+    Run &run = *m_run;
+    const qsizetype end = std::min(run.filled + FillChunk, run.raw.size());
+    const QChar *p = run.raw.constData();
+    qsizetype runStart = run.filled;
+    for (qsizetype i = run.filled; i < end; ++i) {
+        if (p[i] == QChar::ParagraphSeparator) {
+            run.snapshot.append(p + runStart, i - runStart);
+            run.snapshot.append(QLatin1String("\r\n"));
+            run.lines.addLineStart(run.snapshot.size());
+            runStart = i + 1;
+        }
+    }
+    run.snapshot.append(p + runStart, end - runStart);
+    run.lines.setLength(run.snapshot.size());
+    run.filled = end;
+    if (run.filled >= run.raw.size()) {
+        // rtfTemp is filled from this copy when it is first read: filling it costs as
+        // much as loading the text, and nothing needs it for colouring.
+        m_snapshotText = run.raw;
+        m_snapshotStale = true;
+        run.raw.clear();
+        ScanRequest request = m_request;
+        request.text = run.snapshot;
+        request.html = run.html;
+        run.scan = std::make_unique<ColourScan>(std::move(request));
+        run.phase = Run::Phase::Scan;
+    }
+}
+
+void DocumentColourer::convertSlice()
+{
+    Run &run = *m_run;
+    const std::size_t end = std::min(run.converted + ConvertChunk, run.stretches.size());
+    for (std::size_t i = run.converted; i < end; ++i) {
+        ColourStretch &s = run.stretches[i];
+        const int from = int(run.lines.toDocument(s.start, run.lineHint));
+        const int to = int(run.lines.toDocument(s.start + s.length, run.lineHint));
+        if (to <= from)
+            continue;
+        // Stretches come in scan order; a word that ran around a comment or a string
+        // comes after it and is moved back to its place.
+        auto at = run.pieces.end();
+        while (at != run.pieces.begin() && (at - 1)->start > from)
+            --at;
+        run.pieces.insert(at, {from, to, s.kind, std::move(s.spelling)});
+    }
+    run.converted = end;
+    if (run.converted >= run.stretches.size()) {
+        run.stretches.clear();
+        run.stretches.shrink_to_fit();
+        run.phase = Run::Phase::Apply;
+    }
 }
 
 bool DocumentColourer::applySlice(const QElapsedTimer &clock)
 {
     Run &run = *m_run;
-    std::vector<Change> changes;
-    std::vector<std::pair<int, QString>> spellings;
+    const qint64 budgetNs = SliceBudgetMs * 1000000;
     m_formatColours.clear();
+    m_formatPlain.clear();
+    // Compare lines until enough changes wait or half the slice is gone...
     QTextBlock block = m_doc->findBlockByNumber(run.nextBlock);
     int lines = 0;
     while (block.isValid()) {
-        collectSpellings(block, run.pieces, run.nextPiece, spellings, -1);
-        const bool inComment = diffLine(block, run.pieces, run.nextPiece, changes);
+        collectSpellings(block, run.pieces, run.nextPiece, run.spellings, -1);
+        const bool inComment = diffLine(block, run.pieces, run.nextPiece, run.changes);
         setLineState(block, lineEndBits(block), inComment);
         block = block.next();
-        if ((++lines & 63) == 0 &&
-            (clock.elapsed() >= SliceBudgetMs / 2 || changes.size() >= 3000))
+        if ((++lines & 7) == 0 &&
+            (clock.nsecsElapsed() >= budgetNs / 2 ||
+             run.changes.size() - run.written >= std::size_t(256)))
             break;
     }
     run.nextBlock = block.isValid() ? block.blockNumber() : m_doc->blockCount();
-    writeChanges(changes, spellings);
-    return !block.isValid();
+    // ...then write them while the slice lasts; what is left waits for the next one.
+    run.written += writeChanges(run.changes, run.written, run.spellings, &clock, budgetNs);
+    run.spellings.clear();
+    if (run.written >= run.changes.size()) {
+        run.changes.clear();
+        run.written = 0;
+    }
+    return !block.isValid() && run.changes.empty();
 }
 
 void DocumentColourer::finish()
 {
     const bool silent = m_run->silent;
     m_run.reset();
+    m_sliceTimer.stop();
     if (!silent) {
         m_progressTimer->stop();
         Q_EMIT progressComplete();
@@ -321,6 +393,7 @@ void DocumentColourer::colourLines(int firstBlock, int lastBlock, int caretPosit
     if (!modeColours(m_request.mode, m_request.mode == mode::Html))
         return;
     m_formatColours.clear();
+    m_formatPlain.clear();
     QElapsedTimer clock;
     clock.start();
     std::vector<Change> changes;
@@ -369,7 +442,7 @@ void DocumentColourer::colourLines(int firstBlock, int lastBlock, int caretPosit
             break;
         }
     }
-    writeChanges(changes, spellings);
+    writeChanges(changes, 0, spellings);
 }
 
 // ---- Comparing and writing colours ---------------------------------------------------
@@ -384,18 +457,24 @@ const QColor &DocumentColourer::colourOf(StretchKind kind) const
     return m_colours.text;
 }
 
-bool DocumentColourer::sameColour(const QTextFragment &fragment, StretchKind kind) const
+bool DocumentColourer::sameColour(const QTextFragment &fragment, StretchKind kind,
+                                  bool *plain) const
 {
     const int index = fragment.charFormatIndex();
     auto it = m_formatColours.constFind(index);
     if (it == m_formatColours.constEnd()) {
         const QTextCharFormat format = fragment.charFormat();
-        const QRgb colour = format.hasProperty(QTextFormat::ForegroundBrush)
-                                ? format.foreground().color().rgba()
-                                : QRgb(0); // no colour of its own: differs from every colour
+        const bool coloured = format.hasProperty(QTextFormat::ForegroundBrush);
+        const QRgb colour = coloured ? format.foreground().color().rgba()
+                                     : QRgb(0); // no colour of its own
         it = m_formatColours.insert(index, colour);
+        m_formatPlain.insert(index, format.properties().size() == (coloured ? 1 : 0));
     }
-    return it.value() != 0 && it.value() == colourOf(kind).rgba();
+    *plain = m_formatPlain.value(index);
+    // Text without a colour of its own shows in the text colour.
+    if (it.value() == 0)
+        return kind == StretchKind::Text;
+    return it.value() == colourOf(kind).rgba();
 }
 
 void DocumentColourer::collectSpellings(const QTextBlock &block, const std::vector<Piece> &pieces,
@@ -445,14 +524,29 @@ bool DocumentColourer::diffLine(const QTextBlock &block, const std::vector<Piece
             } else if (r < pieces.size()) {
                 segmentEnd = std::min(f1, pieces[r].start);
             }
-            if (!sameColour(fragment, want)) {
-                if (!changes.empty() && changes.back().end == x && changes.back().kind == want)
+            bool plain = false;
+            if (!sameColour(fragment, want, &plain)) {
+                // A change that goes on from the end of the line before takes the line
+                // break with it: a comment over many lines is one change.
+                if (!changes.empty() && changes.back().kind == want &&
+                    (changes.back().end == x || (x == b0 && changes.back().end + 1 == x))) {
                     changes.back().end = segmentEnd;
-                else
-                    changes.push_back({x, segmentEnd, want});
+                    changes.back().plain = changes.back().plain && plain;
+                } else {
+                    changes.push_back({x, segmentEnd, want, plain});
+                }
             }
             x = segmentEnd;
         }
+    }
+    if (block.length() == 1 && !changes.empty() && changes.back().end + 1 == b0) {
+        // An empty line inside a change keeps the change in one piece.
+        while (r < pieces.size() && pieces[r].end <= b0)
+            ++r;
+        const StretchKind want = (r < pieces.size() && pieces[r].start <= b0) ? pieces[r].kind
+                                                                               : StretchKind::Text;
+        if (want == changes.back().kind)
+            changes.back().end = b0;
     }
     while (r < pieces.size() && pieces[r].end <= separator)
         ++r;
@@ -461,11 +555,13 @@ bool DocumentColourer::diffLine(const QTextBlock &block, const std::vector<Piece
            pieces[r].kind == StretchKind::Comment;
 }
 
-void DocumentColourer::writeChanges(const std::vector<Change> &changes,
-                                    const std::vector<std::pair<int, QString>> &spellings)
+std::size_t DocumentColourer::writeChanges(const std::vector<Change> &changes,
+                                           std::size_t from,
+                                           const std::vector<std::pair<int, QString>> &spellings,
+                                           const QElapsedTimer *clock, qint64 budgetNs)
 {
-    if (changes.empty() && spellings.empty())
-        return;
+    if (from >= changes.size() && spellings.empty())
+        return 0;
     m_applying = true;
     // Without an undo history the colours are not recorded. With one they become a
     // step of their own that undo and redo take together with the edit before it.
@@ -487,11 +583,20 @@ void DocumentColourer::writeChanges(const std::vector<Change> &changes,
         cursor.insertText(spelling, format);
     }
     QTextCharFormat format;
-    for (const Change &change : changes) {
+    std::size_t i = from;
+    while (i < changes.size()) {
+        const Change &change = changes[i++];
         format.setForeground(colourOf(change.kind));
         cursor.setPosition(change.start);
         cursor.setPosition(change.end, QTextCursor::KeepAnchor);
-        cursor.mergeCharFormat(format);
+        // Text that holds nothing but a colour takes the new format whole, which is
+        // much cheaper than merging it into every piece.
+        if (change.plain)
+            cursor.setCharFormat(format);
+        else
+            cursor.mergeCharFormat(format);
+        if (clock && (i & 15) == 0 && clock->nsecsElapsed() >= budgetNs)
+            break;
     }
     cursor.endEditBlock();
     if (!record && wasEnabled)
@@ -501,6 +606,7 @@ void DocumentColourer::writeChanges(const std::vector<Change> &changes,
         m_ownSteps.insert(step);
     m_knownTop = m_doc->availableUndoSteps();
     m_applying = false;
+    return i - from;
 }
 
 // ---- Undo and redo ----------------------------------------------------------------------

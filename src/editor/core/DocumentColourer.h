@@ -6,6 +6,7 @@
 #include <QHash>
 #include <QElapsedTimer>
 #include <QObject>
+#include <QTimer>
 
 #include <memory>
 #include <set>
@@ -14,7 +15,6 @@
 class QTextBlock;
 class QTextFragment;
 class QTextDocument;
-class QTimer;
 
 namespace tessaro {
 
@@ -22,10 +22,10 @@ class CrLfLines;
 
 // Colours a QTextDocument with the scanners, in two ways:
 //
-// - A full run (start): the text is taken as a snapshot into the hidden document
-//   (rtfTemp), scanned in time slices and the result merged into the visible
-//   document in slices, with the event loop served in between. A text that changes
-//   during the run makes the run start over from a new snapshot.
+// - A full run (start): the text is taken as a snapshot (which the hidden document,
+//   rtfTemp, shows when it is read), scanned in time slices and the result merged
+//   into the visible document in slices, with the event loop served in between. A
+//   text that changes during the run makes the run start over from a new snapshot.
 // - The typing path (noteChange + flush): the changed lines are scanned again at
 //   once, one line at a time. A line that starts inside a block comment is scanned
 //   behind an opening "/*", and when a line's end moves into or out of a block
@@ -33,7 +33,9 @@ class CrLfLines;
 //   re-colours the whole comment it opens or closes.
 //
 // Only the colours that differ from the document's are written, as foreground
-// colours (a background set by the user stays). Spelling replacements write the
+// colours (a background set by the user stays). Text without a colour of its own
+// counts as text colour: the view shows it in its text colour, which the editor
+// keeps equal to the text colour. Spelling replacements write the
 // list's spelling over a word of the same letters.
 class DocumentColourer : public QObject
 {
@@ -54,6 +56,9 @@ public:
     // filled in per scan).
     void setRequest(const ScanRequest &request) { m_request = request; }
     const ScanRequest &request() const { return m_request; }
+
+    // The hidden document holding the text of the last run's snapshot.
+    QTextDocument *snapshotDocument();
 
     // Whether a run in this mode colours anything.
     static bool modeColours(int mode, bool html);
@@ -122,19 +127,25 @@ private:
         int start;
         int end;
         StretchKind kind;
+        bool plain; // the text has no format beyond a colour: the colour may replace it
     };
 
     void step();
     void finish();
     void beginSnapshot();
+    void fillSlice();
+    void convertSlice();
     bool applySlice(const QElapsedTimer &clock);
     // Compares the wanted colours of one line with the document's and records what
     // differs; returns whether the line's end lies inside a block comment.
     bool diffLine(const QTextBlock &block, const std::vector<Piece> &pieces, std::size_t &next,
                   std::vector<Change> &changes) const;
-    void writeChanges(const std::vector<Change> &changes,
-                      const std::vector<std::pair<int, QString>> &spellings);
-    bool sameColour(const QTextFragment &fragment, StretchKind kind) const;
+    // Writes the changes from `from` on (all of them, or as many as fit the time
+    // budget when a clock is given) and the spellings; returns how many were written.
+    std::size_t writeChanges(const std::vector<Change> &changes, std::size_t from,
+                             const std::vector<std::pair<int, QString>> &spellings,
+                             const QElapsedTimer *clock = nullptr, qint64 budgetNs = 0);
+    bool sameColour(const QTextFragment &fragment, StretchKind kind, bool *plain) const;
     // Records the list spellings that differ from the line's letters.
     void collectSpellings(const QTextBlock &block, const std::vector<Piece> &pieces,
                           std::size_t from, std::vector<std::pair<int, QString>> &spellings,
@@ -150,6 +161,9 @@ private:
     Colours m_colours;
     ScanRequest m_request;
     std::unique_ptr<Run> m_run;
+    QTimer m_sliceTimer;
+    QString m_snapshotText; // the last snapshot, until rtfTemp is filled with it
+    bool m_snapshotStale = false;
     bool m_applying = false;
     int m_restarts = 0;
     quint64 m_generation = 0;
@@ -157,6 +171,7 @@ private:
     int m_dirtyLast = -1;
     // Foreground of each character format of the document (0: none of its own).
     mutable QHash<int, QRgb> m_formatColours;
+    mutable QHash<int, bool> m_formatPlain; // formats that hold a colour at most
     // Places in the undo history (1 = the oldest step) that hold colours only.
     std::set<int> m_ownSteps;
     int m_knownTop = 0; // the history's size after the last change seen here

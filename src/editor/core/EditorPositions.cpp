@@ -106,4 +106,16 @@ qsizetype CrLfLines::toDocument(qsizetype pos) const
     return lineStart(line) - line + offset;
 }
 
+qsizetype CrLfLines::toDocument(qsizetype pos, qsizetype &lineHint) const
+{
+    pos = std::clamp<qsizetype>(pos, 0, m_length);
+    const auto count = qsizetype(m_starts.size());
+    if (lineHint < 0 || lineHint >= count || m_starts[std::size_t(lineHint)] > pos)
+        lineHint = lineOf(pos);
+    while (lineHint + 1 < count && m_starts[std::size_t(lineHint + 1)] <= pos)
+        ++lineHint;
+    const qsizetype offset = std::min(pos - lineStart(lineHint), lineLength(lineHint) + 1);
+    return lineStart(lineHint) - lineHint + offset;
+}
+
 } // namespace tessaro

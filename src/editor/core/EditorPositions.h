@@ -34,6 +34,10 @@ class CrLfLines
 {
 public:
     explicit CrLfLines(const QString &crlfText);
+    // Lines added one at a time: the text so far has one line starting at 0.
+    CrLfLines() : m_starts{0}, m_length(0) {}
+    void addLineStart(qsizetype start) { m_starts.push_back(start); }
+    void setLength(qsizetype length) { m_length = length; }
 
     qsizetype lineCount() const { return static_cast<qsizetype>(m_starts.size()); }
     qsizetype lineStart(qsizetype line) const { return m_starts[static_cast<std::size_t>(line)]; }
@@ -43,6 +47,9 @@ public:
     // The document position of a CR LF position: on the CR of a line's break it is the
     // document's break character; on the LF it is the start of the next line.
     qsizetype toDocument(qsizetype pos) const;
+    // The same for positions that mostly grow: the line of the last call is the hint
+    // where the search starts.
+    qsizetype toDocument(qsizetype pos, qsizetype &lineHint) const;
 
 private:
     std::vector<qsizetype> m_starts;

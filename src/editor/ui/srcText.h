@@ -263,6 +263,11 @@ Q_SIGNALS:
 private:
     friend class SourceEditBox;
 
+    // Find without options for a Latin-1 text within one line: the match's public
+    // position, -1, or NotSearched when the text needs the general search.
+    static constexpr qsizetype NotSearched = -2;
+    qsizetype findOnOneLine(const QString &text, int vStart, int vEnd) const;
+
     // Key handling of rtfMain; true when the key was handled here.
     bool handleKeyDown(QKeyEvent *event);
     void handleKeyUp(QKeyEvent *event);

@@ -26,6 +26,8 @@ public:
     explicit CaselessPattern(const QString &text);
 
     bool isEmpty() const { return m_folded.isEmpty() && m_matchable; }
+    // Whether every character of the search text is a Latin-1 character.
+    bool isLatin1() const { return m_matchable; }
 
     // The position of the first match in bytes [data, data + size), or -1.
     qsizetype indexIn(const char *data, qsizetype size) const;

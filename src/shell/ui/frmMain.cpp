@@ -2,17 +2,16 @@
 
 #include "platform/core/AppInfo.h"
 #include "platform/core/ErrorTraps.h"
-#include "platform/core/TextFile.h"
 #include "shell/core/Settings.h"
 #include "shell/core/WindowPlacement.h"
 #include "shell/ui/MainWindowSetup.h"
+#include "workspace/ui/DocumentCommands.h"
 #include "workspace/ui/FileBrowser.h"
 #include "workspace/ui/WorkspaceCommands.h"
 
 #include <QAction>
 #include <QMdiArea>
 #include <QMdiSubWindow>
-#include <QPlainTextEdit>
 
 namespace tessaro {
 
@@ -23,6 +22,7 @@ frmMain::frmMain(QWidget *parent) : QMainWindow(parent), m_mdiArea(new QMdiArea(
     m_mdiArea->setObjectName(QStringLiteral("MDIClient"));
     setCentralWidget(m_mdiArea);
     setUpMainWindow(*this);
+    DocumentCommands::install(*this);
     WorkspaceCommands::install(*this);
     FileBrowser::install(*this);
     setLoadStep(LoadStep::FileBrowserFolder,
@@ -34,15 +34,6 @@ QAction *frmMain::action(const QString &name) const
     return findChild<QAction *>(name);
 }
 
-void frmMain::LoadDocument(const QString &path)
-{
-    // A plain text window until the document window with the editor control exists.
-    auto *view = new QPlainTextEdit;
-    view->setReadOnly(true);
-    auto *child = m_mdiArea->addSubWindow(view);
-    child->setWindowTitle(path);
-    trapped([&] { view->setPlainText(textfile::read(path)); });
-    child->show();
-}
+void frmMain::LoadDocument(const QString &path) { DocumentCommands::install(*this)->LoadDocument(path); }
 
 } // namespace tessaro

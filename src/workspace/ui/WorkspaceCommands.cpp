@@ -2,6 +2,7 @@
 
 #include "platform/core/ErrorTraps.h"
 #include "shell/core/AppState.h"
+#include "shell/ui/MainTimer.h"
 #include "shell/ui/frmMain.h"
 #include "workspace/ui/TreeMirror.h"
 
@@ -58,6 +59,19 @@ void WorkspaceCommands::attach()
                 [this](QTreeWidgetItem *item) { List1_NodeClick(item); });
         connect(list1, &QTreeWidget::currentItemChanged, this,
                 [this](QTreeWidgetItem *item) { List1_NodeClick(item); });
+    }
+    // The main timer rebuilds the structure view when the browser follows a pending
+    // "/source" folder; its run-time errors go to the timer, which traps none.
+    if (auto *timer = m_frame.findChild<MainTimer *>()) {
+        timer->setStructureViewRebuild([this] {
+            try {
+                m_session.buildStructView();
+            } catch (...) {
+                refreshTrees();
+                throw;
+            }
+            refreshTrees();
+        });
     }
     refreshTrees();
 }

@@ -17,8 +17,10 @@ inline QColor colourAt(const srcText &code, qsizetype publicPos)
     QTextCursor cursor(doc);
     cursor.setPosition(positions::toDocument(*doc, publicPos) + 1);
     const QTextCharFormat format = cursor.charFormat();
-    return format.hasProperty(QTextFormat::ForegroundBrush) ? format.foreground().color()
-                                                            : QColor();
+    // Text without a colour of its own shows in the box's text colour.
+    return format.hasProperty(QTextFormat::ForegroundBrush)
+               ? format.foreground().color()
+               : code.RTFBox()->palette().color(QPalette::Text);
 }
 
 // The foreground colour of the first character of a word of the text.

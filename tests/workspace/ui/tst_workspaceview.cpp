@@ -11,8 +11,8 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QListWidget>
-#include <QTemporaryDir>
 #include <QTabBar>
+#include <QTemporaryDir>
 #include <QTimer>
 #include <QTreeWidget>
 

@@ -1,0 +1,196 @@
+// Speed and memory of the editor control on real C sources:
+//   1. LoadFile of a 1 MiB file until the window is painted with every colour;
+//   2. LoadFile of a 10 MiB file until it is fully coloured, and the longest time the
+//      event loop waited meanwhile;
+//   3. 200 keystrokes in the coloured 1 MiB file, each re-coloured and painted;
+//   4. the process's memory with the 10 MiB file loaded and coloured.
+// Usage: bench_srctext <1 MiB file> <10 MiB file>   (see srctext-bench.sh)
+
+#include "editor/ui/srcText.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QKeyEvent>
+#include <QPlainTextEdit>
+#include <QTextStream>
+#include <QTimer>
+
+#include <algorithm>
+#include <cstdio>
+#include <vector>
+
+using namespace tessaro;
+
+namespace {
+
+double ms(qint64 ns) { return double(ns) / 1e6; }
+
+// Lets a newly shown window settle (layout, size, first paint), as a document window
+// has when its file is loaded.
+void settle()
+{
+    QElapsedTimer clock;
+    clock.start();
+    while (clock.elapsed() < 100)
+        QApplication::processEvents(QEventLoop::AllEvents, 10);
+}
+
+// Runs the event loop until the control's colouring run has ended.
+void waitForColouring(srcText &code)
+{
+    while (code.isColouring())
+        QApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
+}
+
+QString statusField(const char *name)
+{
+    QFile status(QStringLiteral("/proc/self/status"));
+    if (!status.open(QIODevice::ReadOnly))
+        return QStringLiteral("?");
+    const QByteArray key = QByteArray(name) + ':';
+    for (const QByteArray &line : status.readAll().split('\n'))
+        if (line.startsWith(key))
+            return QString::fromLatin1(line.mid(key.size()).trimmed());
+    return QStringLiteral("?");
+}
+
+struct LoadTimes
+{
+    double loaded;   // LoadFile returned (text in the box, run started)
+    double coloured; // the run has ended
+    double painted;  // the window is painted
+};
+
+LoadTimes loadAndPaint(const QString &file)
+{
+    srcText code;
+    code.resize(1000, 800);
+    code.show();
+    settle();
+    QElapsedTimer clock;
+    clock.start();
+    code.LoadFile(file, 1);
+    LoadTimes t{};
+    t.loaded = ms(clock.nsecsElapsed());
+    waitForColouring(code);
+    t.coloured = ms(clock.nsecsElapsed());
+    code.RTFBox()->viewport()->repaint();
+    t.painted = ms(clock.nsecsElapsed());
+    return t;
+}
+
+void typeKey(QWidget *target, Qt::Key key, const QString &text)
+{
+    QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, text);
+    QKeyEvent release(QEvent::KeyRelease, key, Qt::NoModifier, text);
+    QApplication::sendEvent(target, &press);
+    QApplication::sendEvent(target, &release);
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    QApplication app(argc, argv);
+    if (argc < 3) {
+        std::fprintf(stderr, "usage: %s <1 MiB C file> <10 MiB C file>\n", argv[0]);
+        return 2;
+    }
+    const QString small = QString::fromLocal8Bit(argv[1]);
+    const QString large = QString::fromLocal8Bit(argv[2]);
+
+    // 1. LoadFile to a painted, coloured window, 1 MiB: median of 7 runs.
+    std::vector<LoadTimes> loads;
+    for (int i = 0; i < 7; ++i)
+        loads.push_back(loadAndPaint(small));
+    std::sort(loads.begin(), loads.end(),
+              [](const LoadTimes &a, const LoadTimes &b) { return a.painted < b.painted; });
+    const LoadTimes &median = loads[loads.size() / 2];
+    std::printf("1 MiB LoadFile to painted colours: median %.1f ms (best %.1f, worst %.1f); "
+                "of the median: text in %.1f ms, coloured at %.1f ms\n",
+                median.painted, loads.front().painted, loads.back().painted, median.loaded,
+                median.coloured);
+    {
+        QPlainTextEdit plain;
+        plain.resize(1000, 800);
+        plain.show();
+        settle();
+        QFile f(small);
+        f.open(QIODevice::ReadOnly);
+        const QString text = QString::fromLatin1(f.readAll());
+        QElapsedTimer clock;
+        clock.start();
+        plain.setPlainText(text);
+        plain.viewport()->repaint();
+        std::printf("for comparison, a bare QPlainTextEdit: text in and painted %.1f ms\n",
+                    ms(clock.nsecsElapsed()));
+    }
+
+    // 3. Keystrokes in the coloured 1 MiB file.
+    {
+        srcText code;
+        code.resize(1000, 800);
+        code.show();
+        code.LoadFile(small, 1);
+        waitForColouring(code);
+        QPlainTextEdit *box = code.RTFBox();
+        code.SetSelection(code.CharacterCount() / 2, code.CharacterCount() / 2);
+        box->ensureCursorVisible();
+        QApplication::processEvents();
+        const QString keys = QStringLiteral("int x; /* note */ y = 2;\n");
+        std::vector<double> times;
+        for (int i = 0; i < 200; ++i) {
+            const QChar c = keys.at(i % keys.size());
+            QElapsedTimer clock;
+            clock.start();
+            if (c == u'\n')
+                typeKey(box, Qt::Key_Return, QStringLiteral("\r"));
+            else
+                typeKey(box, Qt::Key(c.toUpper().unicode()), QString(c));
+            box->viewport()->repaint();
+            times.push_back(ms(clock.nsecsElapsed()));
+            QApplication::processEvents();
+        }
+        std::sort(times.begin(), times.end());
+        std::printf("keystroke in coloured 1 MiB, re-coloured and painted (200 keys): "
+                    "median %.2f ms, worst %.2f ms\n",
+                    times[times.size() / 2], times.back());
+    }
+
+    // 2. and 4. The 10 MiB file.
+    {
+        srcText code;
+        code.resize(1000, 800);
+        code.show();
+        settle();
+        const QString rssBefore = statusField("VmRSS");
+        QElapsedTimer clock;
+        clock.start();
+        code.LoadFile(large, 1);
+        const double loaded = ms(clock.nsecsElapsed());
+        // The longest wait of a zero timer while the colouring runs.
+        QElapsedTimer gap;
+        gap.start();
+        qint64 longest = 0;
+        QTimer ticker;
+        QObject::connect(&ticker, &QTimer::timeout, [&] {
+            longest = std::max(longest, gap.nsecsElapsed());
+            gap.restart();
+        });
+        ticker.start(0);
+        QElapsedTimer colouring;
+        colouring.start();
+        waitForColouring(code);
+        ticker.stop();
+        code.RTFBox()->viewport()->repaint();
+        std::printf("10 MiB: LoadFile %.0f ms (text into the box), colouring %.0f ms, "
+                    "total %.0f ms; longest event-loop wait while colouring %.1f ms\n",
+                    loaded, ms(colouring.nsecsElapsed()), ms(clock.nsecsElapsed()),
+                    ms(longest));
+        std::printf("10 MiB memory: resident %s (before loading %s), peak %s\n",
+                    qPrintable(statusField("VmRSS")), qPrintable(rssBefore),
+                    qPrintable(statusField("VmHWM")));
+    }
+    return 0;
+}

@@ -1,0 +1,77 @@
+#include "editor/core/ModeWordLists.h"
+
+#include "platform/core/ErrorTraps.h"
+#include "platform/core/TextFile.h"
+
+namespace tessaro {
+
+ModeWordLists modeWordLists(int mode)
+{
+    const QString apostrophe = QStringLiteral("'");
+    switch (mode) {
+    case mode::VisualBasic:
+        return {true, apostrophe, QStringLiteral("VB_Black.txt"), QStringLiteral("VB_Blue.txt")};
+    case mode::Java:
+        return {true, std::nullopt, QStringLiteral("Java_Black.txt"),
+                QStringLiteral("Java_Blue.txt")};
+    case mode::JavaScript:
+        return {true, std::nullopt, QStringLiteral("JavaScript_Black.txt"),
+                QStringLiteral("JavaScript_Blue.txt")};
+    case mode::VBScript:
+        return {true, apostrophe, QStringLiteral("VBScript_Black.txt"),
+                QStringLiteral("VBScript_Blue.txt")};
+    case mode::Perl: return {true, QStringLiteral("#"), QString(), QStringLiteral("Perl_Blue.txt")};
+    case mode::C:
+        return {true, std::nullopt, QStringLiteral("C_Black.txt"), QStringLiteral("tessaro.stx")};
+    default: return {};
+    }
+}
+
+int modeForFileName(const QString &fileName)
+{
+    for (const char *extension : {".cpp", ".h", ".c"})
+        if (fileName.endsWith(QLatin1String(extension)))
+            return mode::C;
+    return mode::None;
+}
+
+QString readWordList(const QString &folder, const QString &fileName)
+{
+    QString list;
+    trapped([&] { list = textfile::read(folder + QLatin1Char('/') + fileName); });
+    return list;
+}
+
+void EditorWordLists::applyMode(int mode, const QString &folder)
+{
+    const ModeWordLists row = modeWordLists(mode);
+    if (!row.loadsLists)
+        return;
+    if (row.commentMarker)
+        commentMarker = *row.commentMarker;
+    black =
+        WordListIndex(row.blackFile.isEmpty() ? QString() : readWordList(folder, row.blackFile));
+    blue = WordListIndex(readWordList(folder, row.blueFile));
+}
+
+QString editorText(const QString &fileText)
+{
+    QString text;
+    text.reserve(fileText.size() + fileText.size() / 16);
+    const qsizetype n = fileText.size();
+    qsizetype from = 0;
+    for (qsizetype i = 0; i < n; ++i) {
+        const QChar c = fileText.at(i);
+        if (c != u'\r' && c != u'\n')
+            continue;
+        text.append(QStringView(fileText).mid(from, i - from));
+        text.append(QLatin1String("\r\n"));
+        if (c == u'\r' && i + 1 < n && fileText.at(i + 1) == u'\n')
+            ++i;
+        from = i + 1;
+    }
+    text.append(QStringView(fileText).mid(from));
+    return text;
+}
+
+} // namespace tessaro

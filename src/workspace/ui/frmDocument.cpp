@@ -1,0 +1,104 @@
+#include "workspace/ui/frmDocument.h"
+
+#include "editor/ui/srcText.h"
+#include "platform/core/CommonDialog.h"
+#include "platform/core/ErrorTraps.h"
+#include "platform/core/MsgBox.h"
+#include "shell/core/AppState.h"
+#include "workspace/core/DocumentRules.h"
+
+#include <QCloseEvent>
+
+namespace tessaro {
+
+frmDocument::frmDocument(QWidget *parent) : QWidget(parent), m_code(new srcText(this))
+{
+    setObjectName(QStringLiteral("frmDocument"));
+    setAttribute(Qt::WA_DeleteOnClose);
+    m_code->setObjectName(QStringLiteral("code"));
+    setFocusProxy(m_code);
+
+    connect(m_code, &srcText::Change, this, [this] {
+        if (!m_changed)
+            m_changed = true;
+    });
+    connect(m_code, &srcText::SelChange, this, [] { app().caretMoved = true; });
+    connect(m_code, &srcText::KeyDown, this, [this](int &KeyCode, int) {
+        if (!ccode)
+            return;
+        app().pendingKey = qint16(KeyCode);
+        app().pendingKeyFlag = -1;
+    });
+    Form_Load();
+}
+
+void frmDocument::Form_Load()
+{
+    m_changed = false;
+    Form_Resize();
+}
+
+void frmDocument::Form_Resize()
+{
+    m_code->setGeometry(0, 0, qMax(0, width()), qMax(0, height()));
+}
+
+void frmDocument::resizeEvent(QResizeEvent *event)
+{
+    QWidget::resizeEvent(event);
+    Form_Resize();
+}
+
+void frmDocument::saveUnderCaption()
+{
+    m_code->SaveFile(caption(), 1);
+}
+
+void frmDocument::saveAs(const QString &dialogTitle)
+{
+    FileDialogRequest request;
+    request.kind = FileDialogRequest::Save;
+    request.title = dialogTitle;
+    request.filter = documents::sourceFileFilter();
+    request.cancelError = true;
+    const QString name = showFileDialog(request);
+    if (name.isEmpty())
+        return;
+    setCaption(name);
+    m_code->SaveFile(name, 1);
+}
+
+void frmDocument::closeEvent(QCloseEvent *event)
+{
+    Form_Unload();
+    event->accept();
+}
+
+void frmDocument::Form_Unload()
+{
+    // The prompt runs once, however the window is closed.
+    if (m_unloaded)
+        return;
+    m_unloaded = true;
+    if (!m_changed)
+        return;
+    const int answer =
+        MsgBox(documents::saveChangesPrompt(caption()), mb::YesNo, documents::saveChangesTitle());
+    if (answer != mb::Yes)
+        return;
+    // A cancelled save dialog ends the saving; the window closes all the same.
+    trapped([this] {
+        if (documents::isUntitled(caption())) {
+            FileDialogRequest request;
+            request.kind = FileDialogRequest::Save;
+            request.title = documents::saveTitle();
+            request.filter = documents::promptSaveFilter();
+            request.cancelError = true;
+            m_code->SaveFile(showFileDialog(request), 1);
+        } else {
+            saveUnderCaption();
+        }
+    });
+}
+
+} // namespace tessaro

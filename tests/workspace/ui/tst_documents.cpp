@@ -1,0 +1,445 @@
+#include "editor/ui/srcText.h"
+#include "platform/core/TextFile.h"
+#include "search/ui/frmFnF.h"
+#include "search/ui/frmOut.h"
+#include "shell/core/AppState.h"
+#include "shell/ui/frmMain.h"
+#include "support/TestSupport.h"
+#include "workspace/ui/DocumentCommands.h"
+#include "workspace/ui/WorkspaceCommands.h"
+#include "workspace/ui/frmDocument.h"
+
+#include <QAction>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QPlainTextEdit>
+#include <QTemporaryDir>
+
+using namespace tessaro;
+
+class DocumentsTest : public QObject
+{
+    Q_OBJECT
+
+    QTemporaryDir m_dir{QDir::tempPath() + "/docs_XXXXXX"};
+    std::unique_ptr<frmMain> m_frame;
+
+    QString writeFile(const QString &name, const QByteArray &bytes)
+    {
+        const QString path = m_dir.filePath(name);
+        textfile::writeBytes(path, bytes);
+        return path;
+    }
+    DocumentCommands *commands() const { return DocumentCommands::of(*m_frame); }
+    QList<frmDocument *> documents() const
+    {
+        QList<frmDocument *> list;
+        for (QMdiSubWindow *child : m_frame->mdiArea()->subWindowList())
+            if (auto *document = qobject_cast<frmDocument *>(child->widget()))
+                list << document;
+        return list;
+    }
+    void trigger(const char *name)
+    {
+        QAction *action = m_frame->action(QLatin1String(name));
+        QVERIFY2(action, name);
+        action->trigger();
+    }
+    static void type(frmDocument *document, const QString &text)
+    {
+        QTest::keyClicks(document->code()->hWnd(), text);
+    }
+    // Closes every document the way the main window's closing does, then lets the
+    // deferred deletions run.
+    void closeAll()
+    {
+        m_frame->mdiArea()->closeAllSubWindows();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+
+private Q_SLOTS:
+    void init()
+    {
+        resetApp();
+        m_frame = std::make_unique<frmMain>();
+        m_frame->resize(900, 700);
+        m_frame->show();
+    }
+    void cleanup()
+    {
+        test::RecordingMessageBox box;
+        box.answers = {mb::No, mb::No, mb::No, mb::No, mb::No, mb::No};
+        closeAll();
+        m_frame.reset();
+    }
+
+    void newDocumentsAreNumberedFromOne()
+    {
+        trigger("mnuFileNew");
+        QCOMPARE(documents().last()->caption(), QStringLiteral("Source 1"));
+        QCOMPARE(m_frame->mdiArea()->subWindowList().last()->windowTitle(),
+                 QStringLiteral("Source 1"));
+        QVERIFY(app().caretMoved);
+        trigger("mnuFileNew");
+        QCOMPARE(documents().last()->caption(), QStringLiteral("Source 2"));
+        QVERIFY(documents().last()->code());
+        QCOMPARE(documents().last()->code()->objectName(), QStringLiteral("code"));
+    }
+
+    void openingAFileAdvancesTheCounterToo()
+    {
+        const QString path = writeFile("a.c", "int a;\r\n");
+        m_frame->LoadDocument(path);
+        trigger("mnuFileNew");
+        QCOMPARE(documents().last()->caption(), QStringLiteral("Source 2"));
+        QCOMPARE(commands()->documentCounter(), 2);
+    }
+
+    void loadDocumentTakesThePathAsCaptionAndColoursCSources_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<bool>("c");
+        QTest::newRow("c") << "g_main.c" << true;
+        QTest::newRow("h") << "q_shared.h" << true;
+        QTest::newRow("cpp") << "tool.cpp" << true;
+        QTest::newRow("upper-case C") << "X.C" << false;
+        QTest::newRow("hpp") << "x.hpp" << false;
+        QTest::newRow("text") << "notes.txt" << false;
+    }
+    void loadDocumentTakesThePathAsCaptionAndColoursCSources()
+    {
+        QFETCH(QString, name);
+        QFETCH(bool, c);
+        const QString path = writeFile(name, "int a;\r\nint b;\r\n");
+        m_frame->LoadDocument(path);
+        frmDocument *document = documents().last();
+        QCOMPARE(document->caption(), path);
+        QCOMPARE(document->ccode, c);
+        QCOMPARE(document->code()->Mode(), c ? 6 : 9);
+        QCOMPARE(document->code()->Text(), QStringLiteral("int a;\r\nint b;\r\n"));
+        QVERIFY(!document->changed());
+    }
+
+    void aMissingFileLeavesTheEmptyWindowWithItsTemporaryCaption()
+    {
+        test::RecordingMessageBox box;
+        const QString path = m_dir.filePath("missing.c");
+        m_frame->LoadDocument(path);
+        QCOMPARE(documents().size(), 1);
+        QCOMPARE(documents().last()->caption(), path + " - Colour Coding...");
+        QCOMPARE(documents().last()->code()->Text(), QString());
+        // Only the editor control's own report.
+        QCOMPARE(box.calls.size(), 1);
+    }
+
+    void aPendingCaretPositionIsTakenAndCleared()
+    {
+        const QString path = writeFile("caret.c", "typedef struct { int x; } a_t;\r\n");
+        app().pendingCaretPosition = 5;
+        m_frame->LoadDocument(path);
+        QCOMPARE(documents().last()->code()->SelStart(), 5);
+        QCOMPARE(app().pendingCaretPosition, 0);
+        m_frame->LoadDocument(path);
+        QCOMPARE(documents().last()->code()->SelStart(), 0);
+    }
+
+    void fileOpenAsksAndLoads()
+    {
+        const QString path = writeFile("open.c", "x\r\n");
+        test::ScriptedCommonDialog dialog;
+        dialog.answers << path;
+        trigger("mnuFileOpen");
+        QCOMPARE(dialog.requests.size(), 1);
+        QCOMPARE(dialog.requests[0].kind, FileDialogRequest::Open);
+        QCOMPARE(dialog.requests[0].title, QStringLiteral("Open"));
+        QCOMPARE(dialog.requests[0].filter,
+                 QStringLiteral("Source Files (*.c, *.h)|*.c;*.h|All Files (*.*)|*.*"));
+        QVERIFY(dialog.requests[0].cancelError);
+        QCOMPARE(documents().last()->caption(), path);
+        // Cancel opens nothing.
+        trigger("mnuFileOpen");
+        QCOMPARE(documents().size(), 1);
+    }
+
+    void saveWritesATitledDocumentUnderItsCaption()
+    {
+        const QString path = writeFile("save.c", "one\r\n");
+        m_frame->LoadDocument(path);
+        frmDocument *document = documents().last();
+        document->code()->setSelStart(3);
+        type(document, "X");
+        test::ScriptedCommonDialog dialog;
+        trigger("mnuFileSave");
+        QVERIFY(dialog.requests.isEmpty());
+        QCOMPARE(textfile::readBytes(path), QByteArray("oneX\r\n"));
+        QCOMPARE(document->caption(), path);
+    }
+
+    void saveAsksForANameForAnUntitledDocument()
+    {
+        trigger("mnuFileNew");
+        frmDocument *document = documents().last();
+        type(document, "int x;");
+        test::ScriptedCommonDialog dialog;
+        const QString path = m_dir.filePath("new.txt");
+        dialog.answers << path;
+        trigger("mnuFileSave");
+        QCOMPARE(dialog.requests.size(), 1);
+        QCOMPARE(dialog.requests[0].kind, FileDialogRequest::Save);
+        QCOMPARE(dialog.requests[0].title, QStringLiteral("Save"));
+        QCOMPARE(dialog.requests[0].filter,
+                 QStringLiteral("Source Files (*.c, *.h)|*.c;*.h|All Files (*.*)|*.*"));
+        QVERIFY(dialog.requests[0].cancelError);
+        QCOMPARE(document->caption(), path);
+        QCOMPARE(textfile::readBytes(path), QByteArray("int x;"));
+        QVERIFY(!document->ccode);
+
+        // Cancel leaves everything as it was.
+        trigger("mnuFileSaveAs");
+        QCOMPARE(dialog.requests.last().title, QStringLiteral("Save As"));
+        QCOMPARE(document->caption(), path);
+    }
+
+    void aCaptionBeginningWithSourceIsTreatedAsUntitled()
+    {
+        trigger("mnuFileNew");
+        frmDocument *document = documents().last();
+        document->setCaption("Source.c");
+        test::ScriptedCommonDialog dialog;
+        dialog.answers << m_dir.filePath("named.c");
+        trigger("mnuFileSave");
+        QCOMPARE(dialog.requests.size(), 1);
+        QCOMPARE(document->caption(), m_dir.filePath("named.c"));
+        // A full path never begins with "Source".
+        const QString path = writeFile("Source.c", "s\r\n");
+        m_frame->LoadDocument(path);
+        trigger("mnuFileSave");
+        QCOMPARE(dialog.requests.size(), 1);
+    }
+
+    void saveAndSaveAsDoNothingWithAToolWindowActive_data()
+    {
+        QTest::addColumn<bool>("findInFiles");
+        QTest::newRow("frmFnF") << true;
+        QTest::newRow("frmOut") << false;
+    }
+    void saveAndSaveAsDoNothingWithAToolWindowActive()
+    {
+        QFETCH(bool, findInFiles);
+        test::RecordingMessageBox box;
+        trigger("mnuFileNew");
+        type(documents().last(), "unsaved");
+        static const search::FindInFilesQuery query; // the window keeps a reference
+        QWidget *tool =
+            findInFiles ? static_cast<QWidget *>(new search::frmFnF) : new search::frmOut(query);
+        QMdiSubWindow *child = m_frame->mdiArea()->addSubWindow(tool);
+        child->show();
+        m_frame->mdiArea()->setActiveSubWindow(child);
+        QCOMPARE(m_frame->mdiArea()->currentSubWindow(), child);
+        test::ScriptedCommonDialog dialog;
+        trigger("mnuFileSave");
+        trigger("mnuFileSaveAs");
+        QVERIFY(dialog.requests.isEmpty());
+        QCOMPARE(documents().last()->caption(), QStringLiteral("Source 1"));
+        child->close();
+    }
+
+    void thePromptTreatsACaptionBeginningWithSourceAsUntitled()
+    {
+        const QString path = writeFile("prompt-titled.c", "t\r\n");
+        m_frame->LoadDocument(path);
+        frmDocument *document = documents().last();
+        document->setCaption("Source.c");
+        type(document, "x");
+        test::RecordingMessageBox box;
+        box.answers << mb::Yes;
+        test::ScriptedCommonDialog dialog;
+        dialog.answers << m_dir.filePath("chosen.c");
+        trigger("mnuFileClose");
+        QCOMPARE(dialog.requests.size(), 1);
+        QCOMPARE(dialog.requests[0].filter, QStringLiteral("All Files (*.*)|*.*"));
+        QCOMPARE(textfile::readBytes(m_dir.filePath("chosen.c")), QByteArray("xt\r\n"));
+        QCOMPARE(textfile::readBytes(path), QByteArray("t\r\n"));
+    }
+
+    void saveAndCloseWithNoWindowDoNothing()
+    {
+        test::ScriptedCommonDialog dialog;
+        trigger("mnuFileSave");
+        trigger("mnuFileSaveAs");
+        trigger("mnuFileClose");
+        QVERIFY(dialog.requests.isEmpty());
+        QVERIFY(documents().isEmpty());
+    }
+
+    void closingAnUnchangedDocumentDoesNotAsk()
+    {
+        test::RecordingMessageBox box;
+        trigger("mnuFileNew");
+        trigger("mnuFileClose");
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QVERIFY(box.calls.isEmpty());
+        QVERIFY(documents().isEmpty());
+    }
+
+    void thePromptAnsweredNoClosesWithoutSaving()
+    {
+        const QString path = writeFile("no.c", "keep\r\n");
+        m_frame->LoadDocument(path);
+        type(documents().last(), "Z");
+        test::RecordingMessageBox box;
+        box.answers << mb::No;
+        trigger("mnuFileClose");
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QCOMPARE(box.calls.size(), 1);
+        QCOMPARE(box.calls[0].prompt, "Would you like to save changes made to " + path + "?");
+        QCOMPARE(box.calls[0].title, QStringLiteral("Save Changes?"));
+        QCOMPARE(box.calls[0].style, int(mb::YesNo));
+        QCOMPARE(textfile::readBytes(path), QByteArray("keep\r\n"));
+        QVERIFY(documents().isEmpty());
+    }
+
+    void thePromptAnsweredYesSavesATitledDocument()
+    {
+        const QString path = writeFile("yes.c", "keep\r\n");
+        m_frame->LoadDocument(path);
+        type(documents().last(), "Z");
+        test::RecordingMessageBox box;
+        box.answers << mb::Yes;
+        test::ScriptedCommonDialog dialog;
+        trigger("mnuFileClose");
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QVERIFY(dialog.requests.isEmpty());
+        QCOMPARE(textfile::readBytes(path), QByteArray("Zkeep\r\n"));
+        QVERIFY(documents().isEmpty());
+    }
+
+    void thePromptAnsweredYesAsksForANameWithItsOwnFilter()
+    {
+        trigger("mnuFileNew");
+        type(documents().last(), "new text");
+        test::RecordingMessageBox box;
+        box.answers << mb::Yes;
+        test::ScriptedCommonDialog dialog;
+        dialog.answers << m_dir.filePath("prompted.c");
+        trigger("mnuFileClose");
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QCOMPARE(box.calls[0].prompt,
+                 QStringLiteral("Would you like to save changes made to Source 1?"));
+        QCOMPARE(dialog.requests.size(), 1);
+        QCOMPARE(dialog.requests[0].title, QStringLiteral("Save"));
+        QCOMPARE(dialog.requests[0].filter, QStringLiteral("All Files (*.*)|*.*"));
+        QCOMPARE(textfile::readBytes(m_dir.filePath("prompted.c")), QByteArray("new text"));
+        QVERIFY(documents().isEmpty());
+    }
+
+    void cancelInThePromptsDialogClosesWithoutSavingOrMessage()
+    {
+        const QStringList filesBefore = QDir(m_dir.path()).entryList(QDir::Files);
+        trigger("mnuFileNew");
+        type(documents().last(), "lost");
+        test::RecordingMessageBox box;
+        box.answers << mb::Yes;
+        test::ScriptedCommonDialog dialog; // no answer: Cancel
+        trigger("mnuFileClose");
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QCOMPARE(box.calls.size(), 1);
+        QCOMPARE(dialog.requests.size(), 1);
+        QVERIFY(documents().isEmpty());
+        QCOMPARE(QDir(m_dir.path()).entryList(QDir::Files), filesBefore);
+    }
+
+    void afterSaveClosingAChangedDocumentStillAsks()
+    {
+        const QString path = writeFile("again.c", "a\r\n");
+        m_frame->LoadDocument(path);
+        type(documents().last(), "b");
+        trigger("mnuFileSave");
+        QVERIFY(documents().last()->changed());
+        test::RecordingMessageBox box;
+        box.answers << mb::No;
+        trigger("mnuFileClose");
+        QCOMPARE(box.calls.size(), 1);
+    }
+
+    void closingTheMainWindowsDocumentsAsksForEachChangedOne()
+    {
+        trigger("mnuFileNew");
+        type(documents().last(), "one");
+        trigger("mnuFileNew");
+        trigger("mnuFileNew");
+        type(documents().last(), "three");
+        test::RecordingMessageBox box;
+        box.answers << mb::No << mb::No;
+        closeAll();
+        QCOMPARE(box.calls.size(), 2);
+        QVERIFY(documents().isEmpty());
+    }
+
+    void closeWorkspaceLeavesDocumentsOpen()
+    {
+        const QString path = writeFile("ws.c", "w\r\n");
+        test::ScriptedCommonDialog dialog;
+        dialog.answers << m_dir.filePath("ws.tdi") << path;
+        trigger("mnuFileNW");
+        trigger("mnuFileInsert");
+        m_frame->LoadDocument(path);
+        trigger("mnuFileCW");
+        QCOMPARE(documents().size(), 1);
+        QVERIFY(!app().workspace.open);
+    }
+
+    void keysOfACDocumentArePendingAndSelectionMovesMarkTheCaret()
+    {
+        const QString c = writeFile("keys.c", "k\r\n");
+        const QString t = writeFile("keys.txt", "k\r\n");
+        m_frame->LoadDocument(t);
+        type(documents().last(), "A");
+        QCOMPARE(app().pendingKeyFlag, qint16(0));
+        m_frame->LoadDocument(c);
+        app().caretMoved = false;
+        type(documents().last(), "B");
+        QCOMPARE(app().pendingKey, qint16(Qt::Key_B));
+        QCOMPARE(app().pendingKeyFlag, qint16(-1));
+        QVERIFY(app().caretMoved);
+    }
+
+    void theMainTimerOpensAStructureEntryAtItsDeclaration()
+    {
+        const QString h = writeFile("timer.h", "int a;\ntypedef struct b_s { int b; } b_t;\n");
+        const QString tdi = writeFile("timer.tdi", ("HEAD=" + h + "\r\n\r\n").toUtf8());
+        test::ScriptedCommonDialog dialog;
+        dialog.answers << tdi;
+        trigger("mnuFileOW");
+        WorkspaceCommands::of(*m_frame)->session().structNodeSelected(h + "-9");
+        QCOMPARE(app().pendingOpenPath, h);
+        QTRY_COMPARE_WITH_TIMEOUT(documents().size(), 1, 1000);
+        frmDocument *document = documents().last();
+        QCOMPARE(document->caption(), h);
+        // The 1-based position puts the caret one character into "typedef struct".
+        QCOMPARE(document->code()->SelStart(), 9);
+        QCOMPARE(document->code()->Text().mid(8, 14), QStringLiteral("typedef struct"));
+        QCOMPARE(app().pendingOpenPath, QString());
+        QCOMPARE(app().pendingCaretPosition, 0);
+    }
+
+    void theResourcesGroupNodeOpensAFileNamedR()
+    {
+        test::RecordingMessageBox box;
+        WorkspaceCommands::of(*m_frame)->session().fileNodeSelected("R");
+        QTRY_COMPARE_WITH_TIMEOUT(documents().size(), 1, 1000);
+        QCOMPARE(documents().last()->caption(), QStringLiteral("R - Colour Coding..."));
+        QCOMPARE(box.calls.size(), 1);
+    }
+
+    void theDocumentFillsItsWindow()
+    {
+        trigger("mnuFileNew");
+        frmDocument *document = documents().last();
+        document->parentWidget()->resize(400, 300);
+        QCOMPARE(document->code()->geometry(), QRect(QPoint(0, 0), document->size()));
+    }
+};
+
+TESSARO_TEST_MAIN(DocumentsTest)
+#include "tst_documents.moc"
