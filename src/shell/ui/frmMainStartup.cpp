@@ -2,6 +2,7 @@
 // OpenCommandLine, QueryUnload and Unload.
 #include "shell/ui/frmMain.h"
 
+#include "editor/core/DynHighlight.h"
 #include "platform/core/AppInfo.h"
 #include "platform/core/ErrorTraps.h"
 #include "platform/core/EventLog.h"
@@ -96,6 +97,8 @@ void frmMain::Load(const StartupLinks &links)
     // 8. No workspace is open.
     app().workspace.open = false;
     app().workspace.resetCounts();
+    // The line colourer's colour slots take their start-up values.
+    dynHighlight().colours.setStartupValues();
     // 9. The splash goes.
     if (m_links.unloadSplash)
         m_links.unloadSplash();

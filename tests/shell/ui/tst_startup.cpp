@@ -1,3 +1,4 @@
+#include "editor/core/DynHighlight.h"
 #include "platform/core/ErrorTraps.h"
 #include "shell/core/AppState.h"
 #include "shell/core/InstanceLock.h"
@@ -136,6 +137,19 @@ private Q_SLOTS:
         const QStringList events = f.log.events();
         QVERIFY(events.indexOf("marked") >= 0);
         QVERIFY(events.indexOf("marked") < events.indexOf("open " + f.dir.path() + "/g_main.c"));
+    }
+    void loadGivesTheLineColourerItsStartupColours()
+    {
+        Fixture f;
+        // Slots 5 and 6 are never set and stay black.
+        for (int n = 0; n < 5; ++n)
+            dynHighlight().colours.setSlot(n, 0x123456);
+        frmMain form;
+        form.Load(f.links);
+        QCOMPARE(dynHighlight().colours.buildTable(),
+                 QString("{\\colortbl\\red0\\green0\\blue0;\\red0\\green0\\blue255;"
+                         "\\red0\\green0\\blue255;\\red0\\green128\\blue0;\\red0\\green0\\blue0;"
+                         "\\red0\\green0\\blue0;\\red0\\green0\\blue0;\\red0\\green0\\blue0;}"));
     }
     void aCleanAccountPlacesTheWindowAtTheDefaults()
     {
