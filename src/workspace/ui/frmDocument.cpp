@@ -1,6 +1,11 @@
 #include "workspace/ui/frmDocument.h"
 
+#include "editor/core/ClassicColour.h"
+#include "editor/core/DynHighlight.h"
+#include "editor/core/EditorPositions.h"
+#include "editor/core/RtfDocument.h"
 #include "editor/ui/srcText.h"
+#include "platform/core/AppInfo.h"
 #include "platform/core/CommonDialog.h"
 #include "platform/core/ErrorTraps.h"
 #include "platform/core/MsgBox.h"
@@ -8,6 +13,8 @@
 #include "workspace/core/DocumentRules.h"
 
 #include <QCloseEvent>
+#include <QPlainTextEdit>
+#include <QTextCursor>
 
 namespace tessaro {
 
@@ -66,6 +73,47 @@ void frmDocument::saveAs(const QString &dialogTitle)
         return;
     setCaption(name);
     m_code->SaveFile(name, 1);
+    if (documents::savesAsCSource(name))
+        switchToCColouring(sectionFilePath(programFolder()));
+}
+
+namespace {
+
+// The document colouring shows its progress in the window's caption.
+class WindowCaption : public DocumentCaption
+{
+public:
+    explicit WindowCaption(frmDocument &document) : m_document(document) {}
+    QString caption() const override { return m_document.caption(); }
+    void setCaption(const QString &caption) override { m_document.setCaption(caption); }
+
+private:
+    frmDocument &m_document;
+};
+
+} // namespace
+
+void frmDocument::switchToCColouring(const QString &sectionFile)
+{
+    WindowCaption window(*this);
+    const QString coloured =
+        dynHighlight().colourWithSectionFile(window, sectionFile, writeRtf(m_code->Text()));
+    const RtfDocument result = readRtf(coloured);
+    m_code->setText(result.text);
+
+    QPlainTextEdit *box = m_code->RTFBox();
+    const CrLfLines lines(result.text);
+    QTextCursor cursor(box->document());
+    cursor.beginEditBlock();
+    for (const RtfColourRun &run : result.runs) {
+        cursor.setPosition(int(lines.toDocument(run.start)));
+        cursor.setPosition(int(lines.toDocument(run.start + run.length)), QTextCursor::KeepAnchor);
+        QTextCharFormat format;
+        format.setForeground(classiccolour::toColor(run.colour, box->palette()));
+        cursor.mergeCharFormat(format);
+    }
+    cursor.endEditBlock();
+    ccode = true;
 }
 
 void frmDocument::closeEvent(QCloseEvent *event)

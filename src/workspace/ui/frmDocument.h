@@ -36,6 +36,11 @@ public:
     // The save-changes prompt of Form_Unload.
     void Form_Unload();
 
+    // Shows the text with C colouring through the section-file line colourer: the
+    // document's RTF is coloured line by line and takes the colourer's result, text
+    // and colours, as the box takes new rich text.
+    void switchToCColouring(const QString &sectionFile);
+
 protected:
     void resizeEvent(QResizeEvent *event) override;
     void closeEvent(QCloseEvent *event) override;

@@ -1,3 +1,4 @@
+#include "editor/core/DynHighlight.h"
 #include "editor/ui/srcText.h"
 #include "platform/core/TextFile.h"
 #include "search/ui/frmFnF.h"
@@ -14,6 +15,8 @@
 #include <QMdiSubWindow>
 #include <QPlainTextEdit>
 #include <QTemporaryDir>
+#include <QTextCursor>
+#include <QTextDocument>
 
 using namespace tessaro;
 
@@ -198,6 +201,55 @@ private Q_SLOTS:
         trigger("mnuFileSaveAs");
         QCOMPARE(dialog.requests.last().title, QStringLiteral("Save As"));
         QCOMPARE(document->caption(), path);
+    }
+
+    void savingAnUntitledDocumentUnderACNameSwitchesOnCColouring_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<bool>("cSource");
+        QTest::newRow("x.c") << "x.c" << true;
+        QTest::newRow("x.h") << "x.h" << true;
+        QTest::newRow("x.txt") << "x.txt" << false;
+        QTest::newRow("x.cpp") << "x.cpp" << false;
+    }
+    void savingAnUntitledDocumentUnderACNameSwitchesOnCColouring()
+    {
+        QFETCH(QString, name);
+        QFETCH(bool, cSource);
+        trigger("mnuFileNew");
+        frmDocument *document = documents().last();
+        type(document, "int x;");
+        test::ScriptedCommonDialog dialog;
+        const QString path = m_dir.filePath(name);
+        dialog.answers << path;
+        trigger("mnuFileSave");
+        QCOMPARE(document->ccode, cSource);
+        QCOMPARE(document->caption(), path);
+        QCOMPARE(textfile::readBytes(path), QByteArray("int x;"));
+        QCOMPARE(document->code()->Text(), QStringLiteral("int x;"));
+    }
+    void theLineColourerColoursTheDocumentWithTheSectionFile()
+    {
+        const QString stx = writeFile("c.stx", "[keywords]\r\nint\r\n[comments]\r\nsingleline=//\r\n"
+                                             "multilinestart=/*\r\nmultilineend=*/\r\n");
+        dynHighlight().colours.setStartupValues(); // as the main window's start-up does
+        trigger("mnuFileNew");
+        frmDocument *document = documents().last();
+        document->code()->setText("int x\r\n// note\r\nplain");
+        document->switchToCColouring(stx);
+        QVERIFY(document->ccode);
+        QCOMPARE(document->caption(), QStringLiteral("Source 1"));
+        // The colourer writes every blank between words twice; a switch swallows one.
+        QCOMPARE(document->code()->Text(), QStringLiteral("int x\r\n// note\r\nplain"));
+        QTextDocument *text = document->code()->RTFBox()->document();
+        auto colourAt = [&](int position) {
+            QTextCursor cursor(text);
+            cursor.setPosition(position + 1);
+            return cursor.charFormat().foreground().color();
+        };
+        QCOMPARE(colourAt(0), QColor(0, 0, 255));  // "int": keyword
+        QCOMPARE(colourAt(6), QColor(0, 128, 0));  // "// note": comment
+        QCOMPARE(colourAt(14), QColor(0, 0, 0));   // "plain"
     }
 
     void aCaptionBeginningWithSourceIsTreatedAsUntitled()
