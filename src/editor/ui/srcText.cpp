@@ -3,6 +3,7 @@
 #include "editor/core/ClassicColour.h"
 #include "editor/core/DocumentColourer.h"
 #include "editor/core/EditorPositions.h"
+#include "editor/core/ModeWordLists.h"
 #include "editor/core/PropertyBag.h"
 #include "editor/ui/SourceEditBox.h"
 #include "platform/core/AppInfo.h"
@@ -200,11 +201,8 @@ bool srcText::LoadFile(const QString &strFileName, int FileType)
     }
     const LineEnds lineEnds = scanLineEnds(text);
     setDocumentText(text, &lineEnds);
-    const bool cSource = strFileName.endsWith(QLatin1String(".cpp")) ||
-                         strFileName.endsWith(QLatin1String(".h")) ||
-                         strFileName.endsWith(QLatin1String(".c"));
-    setMode(cSource ? mode::C : mode::None);
-    if (cSource)
+    setMode(modeForFileName(strFileName));
+    if (m_mode == mode::C)
         ColourDocument();
     m_fileName = strFileName;
     m_modified = false;

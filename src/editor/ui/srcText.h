@@ -40,6 +40,8 @@ class srcText : public QWidget
     Q_PROPERTY(qsizetype SelStart READ SelStart WRITE setSelStart)
     Q_PROPERTY(qsizetype SelLength READ SelLength WRITE setSelLength)
     Q_PROPERTY(QString SelText READ SelText WRITE setSelText)
+    Q_PROPERTY(QString TextRTF READ TextRTF WRITE setTextRTF)
+    Q_PROPERTY(QString SelRTF READ SelRTF WRITE setSelRTF)
     Q_PROPERTY(bool Enabled READ Enabled WRITE setEnabled)
     Q_PROPERTY(bool Locked READ Locked WRITE setLocked)
     Q_PROPERTY(bool TabStop READ TabStop WRITE setTabStop)
@@ -159,6 +161,12 @@ public:
     QString SelText() const;
     void setSelText(const QString &New_SelText);
     QPlainTextEdit *hWnd() const;
+    // The text, or the selection, as rich text in the rich-edit box's shape with the
+    // colours it carries; set, the rich text's text and colours replace it.
+    QString TextRTF() const;
+    void setTextRTF(const QString &New_TextRTF);
+    QString SelRTF() const;
+    void setSelRTF(const QString &New_SelRTF);
     QFont Font() const { return font(); }
     void setFontProperty(const QFont &New_Font);
     bool Border() const { return m_border; }

@@ -2,10 +2,9 @@
 
 #include "editor/core/ColourScan.h"
 #include "editor/core/DocumentColourer.h"
+#include "editor/core/ModeWordLists.h"
 #include "editor/ui/srcText.h"
 #include "platform/core/AppInfo.h"
-#include "platform/core/RuntimeError.h"
-#include "platform/core/TextFile.h"
 
 namespace tessaro {
 
@@ -18,40 +17,14 @@ void srcText::setMode(int New_Mode)
     m_colouring->setRequest(request);
 }
 
-// A word list of the program's folder as one text; a missing list is empty.
-static QString readWordList(const QString &fileName)
-{
-    try {
-        return textfile::read(programFolder() + QLatin1Char('/') + fileName);
-    } catch (const RuntimeError &) {
-        return QString();
-    }
-}
-
 void srcText::loadWordLists(int mode)
 {
-    struct Lists
-    {
-        const char *marker; // nullptr: the marker stays
-        const char *black;  // nullptr: the list stays; "": the list is emptied
-        const char *blue;
-    };
-    Lists lists{};
-    switch (mode) {
-    case mode::VisualBasic: lists = {"'", "VB_Black.txt", "VB_Blue.txt"}; break;
-    case mode::Java: lists = {nullptr, "Java_Black.txt", "Java_Blue.txt"}; break;
-    case mode::JavaScript: lists = {nullptr, "JavaScript_Black.txt", "JavaScript_Blue.txt"}; break;
-    case mode::VBScript: lists = {"'", "VBScript_Black.txt", "VBScript_Blue.txt"}; break;
-    case mode::Perl: lists = {"#", "", "Perl_Blue.txt"}; break;
-    case mode::C: lists = {nullptr, "C_Black.txt", "tessaro.stx"}; break;
-    default: return; // HTML, the typing mode and "none" load nothing
-    }
     ScanRequest request = m_colouring->request();
-    if (lists.marker)
-        m_commentMarker = QString::fromLatin1(lists.marker);
-    const QString black = QString::fromLatin1(lists.black);
-    request.black = WordListIndex(black.isEmpty() ? QString() : readWordList(black));
-    request.blue = WordListIndex(readWordList(QString::fromLatin1(lists.blue)));
+    EditorWordLists lists{m_commentMarker, request.black, request.blue};
+    lists.applyMode(mode, programFolder());
+    m_commentMarker = lists.commentMarker;
+    request.black = lists.black;
+    request.blue = lists.blue;
     m_colouring->setRequest(request);
 }
 

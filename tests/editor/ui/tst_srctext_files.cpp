@@ -163,6 +163,31 @@ private Q_SLOTS:
         QCOMPARE(loaded.count(), 0);
     }
 
+    void richTextCarriesTheTextAndItsColours()
+    {
+        srcText code;
+        code.setText(QStringLiteral("int x;\r\n// note"));
+        code.SetSelection(0, 3);
+        code.FontBackColour(0x00FFFF);
+        code.SetSelection(8, 15);
+        QTextCursor cursor = code.RTFBox()->textCursor();
+        QTextCharFormat green;
+        green.setForeground(commentColour);
+        cursor.mergeCharFormat(green);
+        const QString rtf = code.TextRTF();
+        QVERIFY(rtf.startsWith(QStringLiteral("{\\rtf")));
+        QVERIFY(rtf.contains(QStringLiteral("\\par")));
+        srcText copy;
+        copy.setTextRTF(rtf);
+        QCOMPARE(copy.Text(), code.Text());
+        QCOMPARE(colourOf(copy, QStringLiteral("note")), commentColour);
+        code.SetSelection(8, 15);
+        srcText part;
+        part.setSelRTF(code.SelRTF());
+        QCOMPARE(part.Text(), QStringLiteral("// note"));
+        QCOMPARE(colourAt(part, 3), commentColour);
+    }
+
     void savingIgnoresItsErrors()
     {
         srcText code;
