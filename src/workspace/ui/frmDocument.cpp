@@ -1,9 +1,6 @@
 #include "workspace/ui/frmDocument.h"
 
-#include "editor/core/ClassicColour.h"
 #include "editor/core/DynHighlight.h"
-#include "editor/core/EditorPositions.h"
-#include "editor/core/RtfDocument.h"
 #include "editor/ui/srcText.h"
 #include "platform/core/AppInfo.h"
 #include "platform/core/CommonDialog.h"
@@ -13,8 +10,6 @@
 #include "workspace/core/DocumentRules.h"
 
 #include <QCloseEvent>
-#include <QPlainTextEdit>
-#include <QTextCursor>
 
 namespace tessaro {
 
@@ -96,23 +91,8 @@ private:
 void frmDocument::switchToCColouring(const QString &sectionFile)
 {
     WindowCaption window(*this);
-    const QString coloured =
-        dynHighlight().colourWithSectionFile(window, sectionFile, writeRtf(m_code->Text()));
-    const RtfDocument result = readRtf(coloured);
-    m_code->setText(result.text);
-
-    QPlainTextEdit *box = m_code->RTFBox();
-    const CrLfLines lines(result.text);
-    QTextCursor cursor(box->document());
-    cursor.beginEditBlock();
-    for (const RtfColourRun &run : result.runs) {
-        cursor.setPosition(int(lines.toDocument(run.start)));
-        cursor.setPosition(int(lines.toDocument(run.start + run.length)), QTextCursor::KeepAnchor);
-        QTextCharFormat format;
-        format.setForeground(classiccolour::toColor(run.colour, box->palette()));
-        cursor.mergeCharFormat(format);
-    }
-    cursor.endEditBlock();
+    m_code->setTextRTF(
+        dynHighlight().colourWithSectionFile(window, sectionFile, m_code->TextRTF()));
     ccode = true;
 }
 
