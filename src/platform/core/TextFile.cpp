@@ -1,5 +1,6 @@
 #include "platform/core/TextFile.h"
 
+#include "platform/core/FileReader.h"
 #include "platform/core/RuntimeError.h"
 
 #include <QDir>
@@ -11,16 +12,9 @@ namespace tessaro::textfile {
 
 QByteArray readBytes(const QString &path)
 {
-    QFile file(path);
-    const QFileInfo info(path);
-    if (path.isEmpty() || !info.exists())
-        throw RuntimeError(RuntimeError::FileNotFound);
-    if (info.isDir() || !file.open(QIODevice::ReadOnly))
-        throw RuntimeError(RuntimeError::PathFileAccessError);
-    QByteArray bytes = file.readAll();
-    if (file.error() != QFileDevice::NoError)
-        throw RuntimeError(RuntimeError::PathFileAccessError);
-    return bytes;
+    FileReader reader;
+    reader.read(path);
+    return reader.take();
 }
 
 QString read(const QString &path) { return fromBytes(readBytes(path)); }

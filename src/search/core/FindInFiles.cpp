@@ -1,7 +1,7 @@
 #include "search/core/FindInFiles.h"
 
 #include "search/core/CaselessPattern.h"
-#include "search/core/WholeFileReader.h"
+#include "platform/core/FileReader.h"
 
 namespace tessaro::search {
 
@@ -27,7 +27,7 @@ void findInFiles(const WorkspaceState &workspace, const QString &text, QString &
 {
     output += searchingLine(text);
     const CaselessPattern pattern(text);
-    WholeFileReader reader;
+    FileReader reader;
     for (Group group : searchedGroups()) {
         const FixedList<QString> &list = workspace.list(group);
         for (int i = 0; i < list.count(); ++i) {

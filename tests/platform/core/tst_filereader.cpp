@@ -1,14 +1,14 @@
 #include "platform/core/RuntimeError.h"
 #include "platform/core/TextFile.h"
-#include "search/core/WholeFileReader.h"
+#include "platform/core/FileReader.h"
 #include "support/TestSupport.h"
 
 #include <QTemporaryDir>
 
 using namespace tessaro;
-using tessaro::search::WholeFileReader;
+using tessaro::FileReader;
 
-class WholeFileReaderTest : public QObject
+class FileReaderTest : public QObject
 {
     Q_OBJECT
 
@@ -21,7 +21,7 @@ class WholeFileReaderTest : public QObject
         return path;
     }
 
-    static qint64 errorOf(WholeFileReader &reader, const QString &path)
+    static qint64 errorOf(FileReader &reader, const QString &path)
     {
         try {
             reader.read(path);
@@ -34,7 +34,7 @@ class WholeFileReaderTest : public QObject
 private Q_SLOTS:
     void readsEachFileWholeWhateverCameBefore()
     {
-        WholeFileReader reader;
+        FileReader reader;
         QByteArray big(300000, 'x');
         big[299999] = '\0';
         QCOMPARE(reader.read(file("big.bin", big)).toByteArray(), big);
@@ -47,13 +47,13 @@ private Q_SLOTS:
 
     void readsFilesThatReportNoSize()
     {
-        WholeFileReader reader;
+        FileReader reader;
         QVERIFY(reader.read(QStringLiteral("/proc/self/status")).toByteArray().contains("Name:"));
     }
 
     void aMissingFileIsFileNotFound()
     {
-        WholeFileReader reader;
+        FileReader reader;
         QCOMPARE(errorOf(reader, m_dir.filePath("gone.c")), qint64(RuntimeError::FileNotFound));
         QCOMPARE(errorOf(reader, QString()), qint64(RuntimeError::FileNotFound));
         const QString plain = file("plain.c", "x");
@@ -63,10 +63,10 @@ private Q_SLOTS:
 
     void aFolderIsAnAccessError()
     {
-        WholeFileReader reader;
+        FileReader reader;
         QCOMPARE(errorOf(reader, m_dir.path()), qint64(RuntimeError::PathFileAccessError));
     }
 };
 
-TESSARO_CORE_TEST_MAIN(WholeFileReaderTest)
-#include "tst_wholefilereader.moc"
+TESSARO_CORE_TEST_MAIN(FileReaderTest)
+#include "tst_filereader.moc"

@@ -1,4 +1,4 @@
-#include "search/core/WholeFileReader.h"
+#include "platform/core/FileReader.h"
 
 #include "platform/core/RuntimeError.h"
 
@@ -9,7 +9,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-namespace tessaro::search {
+namespace tessaro {
 
 namespace {
 
@@ -26,8 +26,9 @@ struct Descriptor
 
 } // namespace
 
-QByteArrayView WholeFileReader::read(const QString &path)
+QByteArrayView FileReader::read(const QString &path)
 {
+    m_length = 0;
     if (path.isEmpty())
         throw RuntimeError(RuntimeError::FileNotFound);
     Descriptor file{::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC)};
@@ -57,7 +58,15 @@ QByteArrayView WholeFileReader::read(const QString &path)
             break;
         length += n;
     }
+    m_length = length;
     return QByteArrayView(m_buffer.constData(), length);
 }
 
-} // namespace tessaro::search
+QByteArray FileReader::take()
+{
+    m_buffer.truncate(m_length);
+    m_length = 0;
+    return std::move(m_buffer);
+}
+
+} // namespace tessaro
