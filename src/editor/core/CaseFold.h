@@ -7,7 +7,7 @@ namespace tessaro::casefold {
 
 // Case folding one UTF-16 unit at a time, the way a case-insensitive QString search
 // compares characters: simple folding, so a folded text is exactly as long as the
-// original. A surrogate pair is folded as one character.
+// text it came from. A surrogate pair is folded as one character.
 
 inline char16_t foldAscii(char16_t c)
 {

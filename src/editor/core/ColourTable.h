@@ -18,7 +18,7 @@ constexpr ColourValue text = 0;                      // Colour_Text's default
 } // namespace colour
 
 // One component of a colour: 0 red, 1 green, 2 blue; any other number gives 0. The
-// value goes through single precision first, as the original did; a component that
+// value goes through single precision first (large values round); a component that
 // does not fit a byte (a system colour) raises run-time error 6.
 quint8 colourComponent(ColourValue value, int component);
 

@@ -1,6 +1,6 @@
 #include "editor/core/DynHighlight.h"
 
-#include "editor/core/ClassicText.h"
+#include "editor/core/BasicText.h"
 #include "platform/core/MsgBox.h"
 
 namespace tessaro {
@@ -16,7 +16,7 @@ qint32 DynHighlight::colourDocumentRtf(DocumentCaption &document, const QString 
     const QString rtf = replaceColourTable(rtfIn, colours.buildTable());
     if (!definitions.buildJoinedLists())
         MsgBox(QStringLiteral("Error highlighting file"), mb::OKOnly | mb::Exclamation);
-    const qint32 lineCount = classic::countOccurrences(rtf, lineBreak); // counted, not used
+    const qint32 lineCount = basictext::countOccurrences(rtf, lineBreak); // counted, not used
     Q_UNUSED(lineCount);
 
     const QString caption = document.caption();

@@ -10,7 +10,7 @@ namespace tessaro {
 
 // The editor shows its text in a QTextDocument, where a line break is one character,
 // while every position its callers see counts a line break as two (CR LF), as the
-// classic rich-edit box did. These functions convert between the two.
+// rich-edit control's positions do. These functions convert between the two.
 namespace positions {
 
 // Public position of a document position (document position + line number).

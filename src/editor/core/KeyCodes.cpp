@@ -8,7 +8,7 @@ int keyCode(const QKeyEvent &event)
 {
     const int key = event.key();
     if ((key >= Qt::Key_A && key <= Qt::Key_Z) || (key >= Qt::Key_0 && key <= Qt::Key_9))
-        return key; // Qt uses the upper-case character codes, as the classic codes do
+        return key; // Qt uses the upper-case character codes, as virtual key codes do
     if (key >= Qt::Key_F1 && key <= Qt::Key_F24)
         return 112 + (key - Qt::Key_F1);
     switch (key) {

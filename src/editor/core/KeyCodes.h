@@ -4,7 +4,7 @@ class QKeyEvent;
 
 namespace tessaro {
 
-// Key events as the editor's key events report them: the classic virtual key codes
+// Key events as the editor's key events report them: virtual key codes
 // (letters and digits as their upper-case character codes, 13 Enter, 9 Tab,
 // 8 Backspace, 46 Delete, ...) and a shift state of 1 Shift, 2 Ctrl, 4 Alt.
 namespace keycodes {

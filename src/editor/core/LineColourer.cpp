@@ -1,6 +1,6 @@
 #include "editor/core/LineColourer.h"
 
-#include "editor/core/ClassicText.h"
+#include "editor/core/BasicText.h"
 #include "editor/core/ColourTable.h"
 #include "editor/core/SectionDefinitions.h"
 
@@ -40,11 +40,11 @@ QString LineColourer::colourWord(const QString &piece, bool first)
     // suffix every word ends with it and nothing changes.
     QString word = piece;
     const QString &suffix = m_definitions.blockSuffix();
-    const bool suffixCut = classic::endsWith(word, suffix);
+    const bool suffixCut = basictext::endsWith(word, suffix);
     if (suffixCut)
         word.chop(suffix.size());
 
-    const QString trimmed = classic::trim(word);
+    const QString trimmed = basictext::trim(word);
     if (trimmed.isEmpty())
         return word; // without its suffix
 
@@ -54,12 +54,12 @@ QString LineColourer::colourWord(const QString &piece, bool first)
     const bool comment = m_definitions.isCommentMarker(lower.left(1));
     const bool op = m_definitions.isOperator(trimmed);
     const QString &delimiter = m_definitions.stringDelimiter();
-    const qsizetype delimiterAt = classic::inStr(trimmed, delimiter);
+    const qsizetype delimiterAt = basictext::inStr(trimmed, delimiter);
 
     // String state, unless the word is an empty string or holds a second delimiter.
     const bool emptyString = trimmed.left(2) == delimiter + delimiter;
     const bool secondDelimiter =
-        delimiterAt > 0 && classic::inStr(delimiterAt + 1, trimmed, delimiter) > 0;
+        delimiterAt > 0 && basictext::inStr(delimiterAt + 1, trimmed, delimiter) > 0;
     if (!emptyString && !secondDelimiter) {
         if (m_inString) {
             if (delimiterAt == 0)
@@ -90,14 +90,14 @@ QString LineColourer::colourWord(const QString &piece, bool first)
 
 QString LineColourer::colourLine(QString line)
 {
-    const QString trimmed = classic::trim(line);
+    const QString trimmed = basictext::trim(line);
     const QString &opener = m_definitions.multiLineStart();
     const QString &closer = m_definitions.multiLineEnd();
-    if (classic::startsWith(trimmed, opener)) {
+    if (basictext::startsWith(trimmed, opener)) {
         m_inBlockComment = true;
         line = sw(CommentSlot) + line;
     }
-    if (classic::endsWith(trimmed, closer)) {
+    if (basictext::endsWith(trimmed, closer)) {
         m_inBlockComment = false;
         line = sw(CommentSlot) + line + sw(PlainSlot);
     }
@@ -107,7 +107,7 @@ QString LineColourer::colourLine(QString line)
 
     const QString lower = trimmed.toLower();
     for (const SectionDefinitions::CommentMarker &marker : m_definitions.commentMarkers())
-        if (classic::startsWith(lower, marker.marker))
+        if (basictext::startsWith(lower, marker.marker))
             return sw(CommentSlot) + line;
 
     // Pieces run from one blank up to and including the next, so every blank is

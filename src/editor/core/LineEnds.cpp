@@ -39,7 +39,7 @@ LineEnds scanLineEnds(const QString &text)
         result.breaks.push_back(kind);
         ++counts[static_cast<std::size_t>(kind)];
     }
-    // Ties prefer CR LF, the classic source-file break, then LF.
+    // Ties prefer CR LF, the break a new source file gets, then LF.
     const std::array<LineEnd, 3> order{LineEnd::CRLF, LineEnd::LF, LineEnd::CR};
     qsizetype best = 0;
     for (LineEnd kind : order) {

@@ -1,6 +1,6 @@
 #include "editor/core/SectionDefinitions.h"
 
-#include "editor/core/ClassicText.h"
+#include "editor/core/BasicText.h"
 #include "platform/core/ErrorTraps.h"
 #include "platform/core/FixedList.h"
 #include "platform/core/TextFile.h"
@@ -69,7 +69,7 @@ bool SectionDefinitions::load(const QString &path)
 
 void SectionDefinitions::handleLine(const QString &section, const QString &line)
 {
-    const QString trimmed = classic::trim(line);
+    const QString trimmed = basictext::trim(line);
     if (section == u"[keywords]") {
         appendCounted(m_keywords, m_keywordCount, trimmed);
     } else if (section == u"[operators]") {
@@ -80,8 +80,8 @@ void SectionDefinitions::handleLine(const QString &section, const QString &line)
         appendCounted(m_functions, m_functionCount, trimmed);
     } else if (section == u"[comments]") {
         // Key and value are not trimmed: "singleline = //" is not recognised.
-        const QString key = classic::splitAtDelimiter(line, QStringLiteral("="), true);
-        const QString value = classic::splitAtDelimiter(line, QStringLiteral("="), false);
+        const QString key = basictext::splitAtDelimiter(line, QStringLiteral("="), true);
+        const QString value = basictext::splitAtDelimiter(line, QStringLiteral("="), false);
         if (key == u"singleline")
             appendCounted(m_comments, m_commentCount, CommentMarker{value, true});
         else if (key == u"multilinestart")
@@ -147,7 +147,7 @@ bool SectionDefinitions::buildJoinedLists()
 
 bool SectionDefinitions::contains(const QString &joined, const QString &text) const
 {
-    return classic::inStr(joined, m_separator + text + m_separator) > 0;
+    return basictext::inStr(joined, m_separator + text + m_separator) > 0;
 }
 
 QString sectionFilePath(const QString &programFolder)

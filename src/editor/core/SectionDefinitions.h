@@ -81,8 +81,8 @@ private:
 };
 
 // Where the colourer looks for its section file: the program's folder immediately
-// followed by "tessaro.stx", with no separator between them, as the original did
-// (so only a program in the root folder finds the file beside it).
+// followed by "tessaro.stx", with no separator between them, kept so
+// on purpose (so only a program in the root folder finds the file beside it).
 QString sectionFilePath(const QString &programFolder);
 
 } // namespace tessaro

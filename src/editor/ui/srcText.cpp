@@ -1,6 +1,6 @@
 #include "editor/ui/srcText.h"
 
-#include "editor/core/ClassicColour.h"
+#include "editor/core/PropertyColour.h"
 #include "editor/core/DocumentColourer.h"
 #include "editor/core/EditorPositions.h"
 #include "editor/core/ModeWordLists.h"
@@ -138,7 +138,7 @@ void srcText::InitProperties()
     m_autoIndent = true;
     m_indentValue = 4;
     m_ignoreVBHeader = true;
-    m_backColour = classiccolour::WindowBackground;
+    m_backColour = propertycolour::WindowBackground;
     m_saved = false;
     m_modified = false;
     // A control placed anew loads no word list: it colours nothing until Mode is set.
@@ -411,8 +411,8 @@ void srcText::setBackColor(quint32 New_BackColor)
 void srcText::applyBackground()
 {
     QPalette pal = m_rtfMain->palette();
-    pal.setColor(QPalette::Base, classiccolour::toColor(m_backColour, palette()));
-    pal.setColor(QPalette::Text, classiccolour::toColor(m_colourText, palette()));
+    pal.setColor(QPalette::Base, propertycolour::toColor(m_backColour, palette()));
+    pal.setColor(QPalette::Text, propertycolour::toColor(m_colourText, palette()));
     m_rtfMain->setPalette(pal);
 }
 
@@ -438,9 +438,9 @@ void srcText::setColour_Text(quint32 New_Colour_Text)
 void srcText::updateColours()
 {
     const QPalette pal = palette();
-    m_colouring->setColours({classiccolour::toColor(m_colourComment, pal),
-                             classiccolour::toColor(m_colourKeyword, pal),
-                             classiccolour::toColor(m_colourText, pal)});
+    m_colouring->setColours({propertycolour::toColor(m_colourComment, pal),
+                             propertycolour::toColor(m_colourKeyword, pal),
+                             propertycolour::toColor(m_colourText, pal)});
 }
 
 void srcText::setIndentValue(int New_IndentValue)

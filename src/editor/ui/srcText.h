@@ -227,7 +227,7 @@ public:
     Q_INVOKABLE void InsertBlock(const QString &strCode, bool bReplaceSelection = true,
                                  bool bIndent = true);
     Q_INVOKABLE QString GetIndent(const QString &strLine) const;
-    // Sets the background colour of the selection (a classic colour value).
+    // Sets the background colour of the selection (a colour value: red + 256 * green + 65536 * blue).
     Q_INVOKABLE void FontBackColour(quint32 oColor);
     // 0 no wrapping, 1 wrap at the window's width at word boundaries, 2 wrap at the
     // window's width anywhere (long words are broken too).
@@ -253,7 +253,7 @@ public:
     QTextDocument *TempDocument() const;
 
 Q_SIGNALS:
-    // The events, in their classic order.
+    // The events, in the order the control documents them.
     void Change();
     // A handler may set KeyCode or KeyAscii to 0 to swallow the key.
     void KeyDown(int &KeyCode, int Shift);

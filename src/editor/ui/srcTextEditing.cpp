@@ -2,7 +2,7 @@
 // key handling of rtfMain, marks and the caret memory.
 
 #include "editor/core/BlockEdit.h"
-#include "editor/core/ClassicColour.h"
+#include "editor/core/PropertyColour.h"
 #include "editor/core/ColourScan.h"
 #include "editor/core/DocumentColourer.h"
 #include "editor/core/EditorPositions.h"
@@ -76,7 +76,7 @@ void srcText::rewriteBlock(const QString &marker, bool add)
     QTextCursor cursor(doc);
     cursor.beginEditBlock();
     QTextCharFormat plain;
-    plain.setForeground(classiccolour::toColor(m_colourText, palette()));
+    plain.setForeground(propertycolour::toColor(m_colourText, palette()));
     for (QTextBlock block = first; block.isValid() && block.blockNumber() <= lastLine;
          block = block.next()) {
         if (add) {
@@ -99,7 +99,7 @@ void srcText::rewriteBlock(const QString &marker, bool add)
     if (commenting && m_mode != mode::Html && DocumentColourer::modeColours(m_mode, false)) {
         // The commented block shows as a comment at once, without a colouring run.
         QTextCharFormat comment;
-        comment.setForeground(classiccolour::toColor(m_colourComment, palette()));
+        comment.setForeground(propertycolour::toColor(m_colourComment, palette()));
         cursor.setPosition(start);
         cursor.setPosition(end, QTextCursor::KeepAnchor);
         cursor.mergeCharFormat(comment);
@@ -146,7 +146,7 @@ void srcText::FontBackColour(quint32 oColor)
     if (!cursor.hasSelection())
         return;
     QTextCharFormat format;
-    format.setBackground(classiccolour::toColor(oColor, palette()));
+    format.setBackground(propertycolour::toColor(oColor, palette()));
     cursor.mergeCharFormat(format);
 }
 

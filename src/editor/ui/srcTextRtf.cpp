@@ -1,7 +1,7 @@
 // The editor control's text as rich text: the rich-edit box's shape, with the colours
 // the text carries.
 
-#include "editor/core/ClassicColour.h"
+#include "editor/core/PropertyColour.h"
 #include "editor/core/DocumentColourer.h"
 #include "editor/core/EditorPositions.h"
 #include "editor/core/RtfDocument.h"
@@ -32,7 +32,7 @@ std::vector<RtfColourRun> colourRuns(const QTextDocument &doc, int from, int to)
             if (end <= start)
                 continue;
             const qsizetype pubStart = qsizetype(start) + block.blockNumber() - base;
-            const ColourValue colour = classiccolour::fromColor(format.foreground().color());
+            const ColourValue colour = propertycolour::fromColor(format.foreground().color());
             if (!runs.empty() && runs.back().colour == colour &&
                 runs.back().start + runs.back().length == pubStart)
                 runs.back().length += end - start;
@@ -51,7 +51,7 @@ void applyRuns(QTextDocument &doc, int from, const std::vector<RtfColourRun> &ru
     QTextCursor cursor(&doc);
     QTextCharFormat format;
     for (const RtfColourRun &run : runs) {
-        format.setForeground(classiccolour::toColor(run.colour, palette));
+        format.setForeground(propertycolour::toColor(run.colour, palette));
         cursor.setPosition(positions::toDocument(doc, base + run.start));
         cursor.setPosition(positions::toDocument(doc, base + run.start + run.length),
                            QTextCursor::KeepAnchor);

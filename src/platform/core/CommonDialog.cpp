@@ -39,10 +39,10 @@ QString showFileDialog(const FileDialogRequest &request)
     return name;
 }
 
-QStringList qtNameFilters(const QString &classicFilter)
+QStringList qtNameFilters(const QString &filterText)
 {
     QStringList filters;
-    const QStringList parts = classicFilter.split(QLatin1Char('|'));
+    const QStringList parts = filterText.split(QLatin1Char('|'));
     for (int i = 0; i + 1 < parts.size(); i += 2) {
         QString patterns = parts[i + 1];
         patterns.replace(QLatin1Char(';'), QLatin1Char(' '));

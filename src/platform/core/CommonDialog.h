@@ -4,7 +4,7 @@
 
 namespace tessaro {
 
-// A request to the common file dialog. The filter uses the classic convention:
+// A request to the common file dialog. The filter is one text:
 // descriptions and patterns alternate, separated by "|", patterns joined by ";"
 // ("Source Files (*.c, *.h)|*.c;*.h|All Files (*.*)|*.*").
 struct FileDialogRequest
@@ -40,11 +40,11 @@ CommonDialogService *setCommonDialogService(CommonDialogService *service);
 // Shows a file dialog, raising error 32755 on Cancel when the request asks for it.
 QString showFileDialog(const FileDialogRequest &request);
 
-// The classic filter text as a Qt name filter list ("Desc (pat1 pat2)").
-QStringList qtNameFilters(const QString &classicFilter);
+// The "desc|pattern" filter text as a Qt name filter list ("Desc (pat1 pat2)").
+QStringList qtNameFilters(const QString &filterText);
 
-// The folder-blank-names text of a multiple selection, as the classic dialog returns
-// it: one file gives its full path; several give the folder, a blank and the names.
+// The folder-blank-names text of a multiple selection, which is what the
+// workspace's sorting rules read: one file gives its full path; several give the folder, a blank and the names.
 QString multiSelectionText(const QStringList &paths);
 
 } // namespace tessaro

@@ -5,7 +5,7 @@
 
 namespace tessaro {
 
-// Message box styles and answers, with the classic values.
+// Message box styles and answers, with their numeric values (the answers callers compare against).
 namespace mb {
 enum Style : int {
     OKOnly = 0,

@@ -5,7 +5,7 @@
 
 namespace tessaro {
 
-// An error of the classic run-time: a number, a description and the source that
+// A numbered run-time error: a number, a description and the source that
 // raised it. Commands either trap it (end silently, keeping what was done) or let it
 // reach the application-level handler, which reports it and ends the program.
 class RuntimeError : public std::exception
@@ -33,7 +33,7 @@ public:
     const QString &source() const { return m_source; }
     const char *what() const noexcept override { return m_what.constData(); }
 
-    // The text the run-time gives each classic number ("" for unknown numbers).
+    // The text the run-time gives each standard number ("" for unknown numbers).
     static QString standardDescription(qint64 number);
 
 private:

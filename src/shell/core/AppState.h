@@ -7,8 +7,8 @@
 
 namespace tessaro {
 
-// The program's process-wide state: what the original kept in module-level
-// variables, shared by the main window, the documents, the builds and the search.
+// The program's process-wide state, kept in one place and shared by the main
+// window, the documents, the builds and the search.
 struct AppState
 {
     ToolSettings tools;

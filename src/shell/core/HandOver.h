@@ -14,7 +14,7 @@ namespace tessaro {
 //   2. the later copy sends either 'D', the length of the command line bytes as four
 //      bytes (big-endian) and the bytes (a hand-over), or 'A' (activate only);
 //   3. the running copy answers '.' once it has opened the file or activated its
-//      window, so the later copy waits (up to 5000 ms) as the original did.
+//      window, so the later copy waits (up to 5000 ms) for the file to be open.
 namespace handover {
 
 constexpr char kVisible = 'V';
@@ -26,7 +26,7 @@ constexpr int kTimeoutMs = 5000;
 // A hand-over longer than this is refused (a command line is never this long).
 constexpr qint32 kMaxBytes = 1 << 20;
 
-// The process command line as the original received it: every argument wrapped in
+// The process command line as a file association passes it: every argument wrapped in
 // double quotes, joined by single blanks; no arguments give the empty text.
 QString commandLineText(const QStringList &arguments);
 

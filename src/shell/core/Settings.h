@@ -96,7 +96,7 @@ LoadedSettings loadSettings(SettingsStore &store);
 void saveSettings(SettingsStore &store, const ToolSettings &tools,
                   const std::optional<WindowRect> &window);
 
-// Text conversions of the classic run-time.
+// The text conversions the settings use for numbers and Booleans.
 float toSingle(const QString &text); // raises 13 for text that is not a number
 bool toBoolean(const QString &text); // "True"/"False" (any case) or numeric; else 13
 QString singleText(float value);     // shortest decimal text

@@ -9,7 +9,7 @@ namespace tessaro {
 
 namespace {
 
-// Integer division of two whole numbers of twips, as the classic "\" operator does.
+// Integer division of two whole numbers of twips, rounding both to whole numbers first, then truncating.
 int integerDivide(double a, double b)
 {
     const long long divisor = std::llround(b);

@@ -15,7 +15,7 @@ inline const QString webTitle = QStringLiteral("Browse for Web Browser");
 inline const QString emailTitle = QStringLiteral("Browse for Email Client");
 
 // Programs on Linux carry no extension, so the filter lists every file; the dialog's
-// description keeps the word users know from the original "Executables (*.exe)".
+// description keeps the word "Executables" that users know from program dialogs.
 inline const QString filter = QStringLiteral("Executables (*)|*");
 
 // An open-file request with the given title, the program filter and no cancel error.

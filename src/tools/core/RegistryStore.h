@@ -9,7 +9,7 @@
 
 namespace tessaro {
 
-// Root keys and value types with their classic numbers.
+// Root keys and value types with their registry numbers.
 namespace reg {
 enum Root : quint32 {
     ClassesRoot = 0x80000000u,

@@ -12,7 +12,7 @@ namespace tessaro::browser {
 
 namespace {
 
-// Raises the error a classic list raised for a folder it cannot show.
+// Raises the error the folder lists report for a folder they cannot show.
 void checkReadableFolder(const QString &folder)
 {
     const QFileInfo info(folder);

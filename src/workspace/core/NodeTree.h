@@ -6,11 +6,11 @@
 
 namespace tessaro {
 
-// The contents of a classic tree view: nodes with a key, a text and an image index,
+// The contents of a tree view: nodes with a key, a text and an image index,
 // each either at the top level or the child of another node. Keys are unique: adding
 // a second node with a key already in the tree raises 35602 "Key is not unique in
-// collection" and changes nothing. An empty key means the node has none, as in the
-// classic control, and is never refused. Keys compare case-sensitively (they are
+// collection" and changes nothing. An empty key means the node has none, in the tree
+// control, and is never refused. Keys compare case-sensitively (they are
 // paths on a case-sensitive file system).
 //
 // The FileView tree and the structure view keep their nodes here; the widgets show

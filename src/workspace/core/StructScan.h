@@ -19,7 +19,7 @@ QByteArray withCrLfLineBreaks(const QByteArray &text);
 // the text from c + 2 up to s (the character after "}" is skipped) and the search
 // goes on from s. A missing "{" or "}" makes the next search start at the beginning
 // of the text; a missing ";" or a ";" right after the "}" raises 5 "Invalid procedure
-// call or argument", as the classic string functions do. Comments, strings and the
+// call or argument", as the string functions below do. Comments, strings and the
 // preprocessor are not recognised.
 //
 // The scan relies on the caller to refuse a declaration reported twice (the same
@@ -28,15 +28,15 @@ QByteArray withCrLfLineBreaks(const QByteArray &text);
 void scanDeclarations(const QByteArray &text,
                       const std::function<void(qint32 position, const QString &name)> &found);
 
-// The classic InStr(start, text, needle): the 1-based position of the first
+// BASIC's InStr(start, text, needle): the 1-based position of the first
 // occurrence at or after start, 0 when there is none; a start below 1 raises 5.
 qint32 inStr(qint32 start, const QByteArray &text, const QByteArray &needle);
 
-// The classic Mid(text, start, length) over 8-bit text; a start below 1 or a negative
+// BASIC's Mid(text, start, length) over 8-bit text; a start below 1 or a negative
 // length raises 5.
 QString mid(const QByteArray &text, qint32 start, qint32 length);
 
-// The classic Val read into a 32-bit integer: leading blanks, an optional sign, digits
+// BASIC's Val read into a 32-bit integer: leading blanks, an optional sign, digits
 // (and a fraction, rounded half to even); anything else ends the number. Text that
 // does not begin with a number reads as 0. Past the 32-bit range it raises 6.
 qint32 val(const QString &text);

@@ -18,7 +18,7 @@ namespace {
 
 const QByteArray kLineEnd("\r\n");
 
-// Everything but the final line end, as the classic "Input(length - 2)" read it: a
+// Everything but the final line end, read as "Input(length - 2)": a
 // file shorter than two bytes cannot be read that way.
 QByteArray withoutLastLineEnd(const QByteArray &bytes)
 {

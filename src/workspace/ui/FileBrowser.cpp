@@ -51,7 +51,7 @@ void FileBrowser::attach()
     auto *dir1 = m_frame.findChild<QListWidget *>(QStringLiteral("Dir1"));
     if (dir1 && dir1 != m_dir1) {
         m_dir1 = dir1;
-        // The classic lists open a folder and run a file on a double click.
+        // The lists open a folder and run a file on a double click.
         connect(dir1, &QListWidget::itemDoubleClicked, this,
                 [this](QListWidgetItem *item) { Dir1_DblClick(item); });
         added = true;

@@ -13,7 +13,7 @@ namespace tessaro {
 class frmMain;
 
 // The "File Browser" page: the drive list `Drive1`, the directory list `Dir1` and the
-// file list `File1`, chained as the classic controls were: choosing a drive sets the
+// file list `File1`, chained together: choosing a drive sets the
 // directory list's folder, which sets the file list's folder. Double-clicking a file
 // runs a ".exe" through Shell and opens anything else through the main window's
 // timer. The current drive and folders are also kept as the widgets' "Drive" and

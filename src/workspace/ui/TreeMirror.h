@@ -10,7 +10,7 @@ class NodeTree;
 
 // Shows a NodeTree in a tree widget: one item per node, in the model's order, with
 // the node's text, its key (item data Qt::UserRole) and image index (Qt::UserRole + 1).
-// Nodes start collapsed, as in the classic control; a node the user had expanded
+// Nodes start collapsed; a node the user had expanded
 // stays expanded when the tree is shown again. No selection signal is raised while
 // the items are rebuilt.
 void showNodeTree(QTreeWidget *widget, const NodeTree &tree);

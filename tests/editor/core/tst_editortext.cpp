@@ -1,5 +1,5 @@
 #include "editor/core/BlockEdit.h"
-#include "editor/core/ClassicColour.h"
+#include "editor/core/PropertyColour.h"
 #include "editor/core/EditorPositions.h"
 #include "editor/core/LineEnds.h"
 #include "editor/core/PropertyBag.h"
@@ -120,14 +120,14 @@ private Q_SLOTS:
         QCOMPARE(blockedit::markerRemoval(QStringLiteral("    x"), QStringLiteral("\t")).offset, -1);
     }
 
-    void classicColoursAreBlueGreenRed()
+    void colourValuesAreBlueGreenRed()
     {
         const QPalette palette;
-        QCOMPARE(classiccolour::toColor(0x7F0000, palette), QColor(0, 0, 127));
-        QCOMPARE(classiccolour::toColor(32768, palette), QColor(0, 128, 0));
-        QCOMPARE(classiccolour::fromColor(QColor(0, 0, 255)), 0xFF0000u);
-        QVERIFY(classiccolour::isSystem(classiccolour::WindowBackground));
-        QCOMPARE(classiccolour::toColor(classiccolour::WindowBackground, palette),
+        QCOMPARE(propertycolour::toColor(0x7F0000, palette), QColor(0, 0, 127));
+        QCOMPARE(propertycolour::toColor(32768, palette), QColor(0, 128, 0));
+        QCOMPARE(propertycolour::fromColor(QColor(0, 0, 255)), 0xFF0000u);
+        QVERIFY(propertycolour::isSystem(propertycolour::WindowBackground));
+        QCOMPARE(propertycolour::toColor(propertycolour::WindowBackground, palette),
                  palette.color(QPalette::Base));
     }
 

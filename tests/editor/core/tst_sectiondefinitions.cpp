@@ -1,4 +1,4 @@
-#include "editor/core/ClassicText.h"
+#include "editor/core/BasicText.h"
 #include "editor/core/ModeWordLists.h"
 #include "editor/core/SectionDefinitions.h"
 #include "platform/core/TextFile.h"
@@ -211,38 +211,38 @@ private Q_SLOTS:
         QCOMPARE(sectionFilePath("/"), QString("/tessaro.stx"));
     }
 
-    // --- helpers of the classic run-time ---------------------------------------------
+    // --- BASIC-style text helpers ----------------------------------------------------
     void splitAtDelimiterGivesTheTextBeforeOrAfterTheFirstOccurrence()
     {
-        QCOMPARE(classic::splitAtDelimiter("a=b=c", "=", true), QString("a"));
-        QCOMPARE(classic::splitAtDelimiter("a=b=c", "=", false), QString("b=c"));
-        QCOMPARE(classic::splitAtDelimiter("abc", "=", true), QString());
-        QCOMPARE(classic::splitAtDelimiter("abc", "=", false), QString());
-        QCOMPARE(classic::splitAtDelimiter("a::b", "::", false), QString("b"));
-        QCOMPARE(classic::splitAtDelimiter("=x", "=", true), QString());
+        QCOMPARE(basictext::splitAtDelimiter("a=b=c", "=", true), QString("a"));
+        QCOMPARE(basictext::splitAtDelimiter("a=b=c", "=", false), QString("b=c"));
+        QCOMPARE(basictext::splitAtDelimiter("abc", "=", true), QString());
+        QCOMPARE(basictext::splitAtDelimiter("abc", "=", false), QString());
+        QCOMPARE(basictext::splitAtDelimiter("a::b", "::", false), QString("b"));
+        QCOMPARE(basictext::splitAtDelimiter("=x", "=", true), QString());
     }
     void countingOccurrencesCountsOverlappingOnes()
     {
-        QCOMPARE(classic::countOccurrences("aaaa", "aa"), 3);
-        QCOMPARE(classic::countOccurrences("", "aa"), 0);
-        QCOMPARE(classic::countOccurrences("a\r\nb\r\n", "\r\n"), 2);
-        QCOMPARE(classic::countOccurrences("abc", "x"), 0);
-        QCOMPARE(classic::countOccurrences("abc", ""), 3);
+        QCOMPARE(basictext::countOccurrences("aaaa", "aa"), 3);
+        QCOMPARE(basictext::countOccurrences("", "aa"), 0);
+        QCOMPARE(basictext::countOccurrences("a\r\nb\r\n", "\r\n"), 2);
+        QCOMPARE(basictext::countOccurrences("abc", "x"), 0);
+        QCOMPARE(basictext::countOccurrences("abc", ""), 3);
     }
-    void inStrFollowsTheClassicRules()
+    void inStrFollowsBasicRules()
     {
-        QCOMPARE(classic::inStr(u"abc", u"b"), qsizetype(2));
-        QCOMPARE(classic::inStr(u"abc", u""), qsizetype(1));
-        QCOMPARE(classic::inStr(u"", u""), qsizetype(0));
-        QCOMPARE(classic::inStr(3, u"abc", u""), qsizetype(3));
-        QCOMPARE(classic::inStr(4, u"abc", u""), qsizetype(0));
-        QCOMPARE(classic::inStr(2, u"abab", u"a"), qsizetype(3));
+        QCOMPARE(basictext::inStr(u"abc", u"b"), qsizetype(2));
+        QCOMPARE(basictext::inStr(u"abc", u""), qsizetype(1));
+        QCOMPARE(basictext::inStr(u"", u""), qsizetype(0));
+        QCOMPARE(basictext::inStr(3, u"abc", u""), qsizetype(3));
+        QCOMPARE(basictext::inStr(4, u"abc", u""), qsizetype(0));
+        QCOMPARE(basictext::inStr(2, u"abab", u"a"), qsizetype(3));
     }
     void trimmingRemovesBlanksOnly()
     {
-        QCOMPARE(classic::trim(u"  a b  "), QString("a b"));
-        QCOMPARE(classic::trim(u"\ta\t"), QString("\ta\t"));
-        QCOMPARE(classic::trim(u"   "), QString());
+        QCOMPARE(basictext::trim(u"  a b  "), QString("a b"));
+        QCOMPARE(basictext::trim(u"\ta\t"), QString("\ta\t"));
+        QCOMPARE(basictext::trim(u"   "), QString());
     }
 
     // --- the Mode table and the word-list files -----------------------------------------

@@ -1,4 +1,4 @@
-#include "editor/core/ClassicColour.h"
+#include "editor/core/PropertyColour.h"
 #include "shell/ui/ActiveDocument.h"
 #include "editor/core/PropertyBag.h"
 #include "editor/ui/srcText.h"

@@ -183,7 +183,7 @@ private Q_SLOTS:
         QCOMPARE(showFileDialog(request), QString("/tmp/a.c"));
         QCOMPARE(dialog.requests.size(), 3);
     }
-    void classicFiltersBecomeQtFilters()
+    void pipeFiltersBecomeQtFilters()
     {
         QCOMPARE(qtNameFilters("Source Files (*.c, *.h)|*.c;*.h|All Files (*.*)|*.*"),
                  (QStringList{"Source Files (*.c *.h)", "All Files (*.*)"}));

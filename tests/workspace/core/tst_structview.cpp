@@ -155,7 +155,7 @@ private Q_SLOTS:
                  QList<Found>({{1, "ypedef struct b { int x"}}));
     }
 
-    void classicStringFunctions()
+    void basicStringFunctions()
     {
         QCOMPARE(structscan::inStr(1, "abcabc", "c"), 3);
         QCOMPARE(structscan::inStr(4, "abcabc", "c"), 6);

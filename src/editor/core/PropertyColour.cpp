@@ -1,6 +1,6 @@
-#include "editor/core/ClassicColour.h"
+#include "editor/core/PropertyColour.h"
 
-namespace tessaro::classiccolour {
+namespace tessaro::propertycolour {
 
 bool isSystem(quint32 value) { return (value & SystemFlag) != 0; }
 
@@ -34,4 +34,4 @@ quint32 fromColor(const QColor &colour)
     return quint32(rgb.red()) | (quint32(rgb.green()) << 8) | (quint32(rgb.blue()) << 16);
 }
 
-} // namespace tessaro::classiccolour
+} // namespace tessaro::propertycolour

@@ -1,6 +1,6 @@
-#include "editor/core/ClassicText.h"
+#include "editor/core/BasicText.h"
 
-namespace tessaro::classic {
+namespace tessaro::basictext {
 
 qsizetype inStr(qsizetype start, QStringView text, QStringView pattern)
 {
@@ -44,4 +44,4 @@ qint32 countOccurrences(const QString &text, const QString &pattern)
     return count;
 }
 
-} // namespace tessaro::classic
+} // namespace tessaro::basictext

@@ -3,10 +3,10 @@
 #include <QString>
 #include <QStringView>
 
-// Text helpers with the classic run-time's rules, which the section-file colourer
-// depends on: 1-based positions, blank-only trimming, and searches in which an
-// empty text or an empty pattern behave the old way.
-namespace tessaro::classic {
+// BASIC-style text helpers, which the section-file colourer depends on: 1-based
+// positions, blank-only trimming, and searches with fixed answers for an empty text
+// or an empty pattern.
+namespace tessaro::basictext {
 
 // Position (1-based) of `pattern` in `text` at or after `start`, or 0. An empty text
 // gives 0, a start past the end gives 0, and an empty pattern is found at `start`.
@@ -37,4 +37,4 @@ QString splitAtDelimiter(const QString &text, const QString &delimiter, bool lef
 // after each hit the search goes on from the next character.
 qint32 countOccurrences(const QString &text, const QString &pattern);
 
-} // namespace tessaro::classic
+} // namespace tessaro::basictext
