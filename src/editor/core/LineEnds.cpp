@@ -1,6 +1,9 @@
 #include "editor/core/LineEnds.h"
 
+#include <QByteArray>
+
 #include <array>
+#include <type_traits>
 
 namespace tessaro {
 
@@ -51,5 +54,47 @@ LineEnds scanLineEnds(const QString &text)
     result.uniform = best == static_cast<qsizetype>(result.breaks.size());
     return result;
 }
+
+template <typename Text> Text withCrLfBreaks(const Text &text)
+{
+    using Char = std::remove_cv_t<std::remove_pointer_t<decltype(text.constData())>>;
+    const Char *data = text.constData();
+    const qsizetype n = text.size();
+
+    // Most files already hold CR LF alone (or no break at all): skip to the first
+    // break that needs rewriting, and give the text back untouched if there is none.
+    auto isBreak = [](Char c) { return c == Char(u'\r') || c == Char(u'\n'); };
+    qsizetype first = 0;
+    for (; first < n; ++first) {
+        if (!isBreak(data[first]))
+            continue;
+        if (data[first] == Char(u'\r') && first + 1 < n && data[first + 1] == Char(u'\n'))
+            ++first;
+        else
+            break;
+    }
+    if (first == n)
+        return text;
+
+    static const Char crlf[2] = {Char(u'\r'), Char(u'\n')};
+    Text result;
+    result.reserve(n + n / 16 + 2);
+    result.append(data, first);
+    qsizetype from = first;
+    for (qsizetype i = first; i < n; ++i) {
+        if (!isBreak(data[i]))
+            continue;
+        result.append(data + from, i - from);
+        result.append(crlf, 2);
+        if (data[i] == Char(u'\r') && i + 1 < n && data[i + 1] == Char(u'\n'))
+            ++i;
+        from = i + 1;
+    }
+    result.append(data + from, n - from);
+    return result;
+}
+
+template QString withCrLfBreaks(const QString &);
+template QByteArray withCrLfBreaks(const QByteArray &);
 
 } // namespace tessaro

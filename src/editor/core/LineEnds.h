@@ -25,4 +25,10 @@ struct LineEnds
 
 LineEnds scanLineEnds(const QString &text);
 
+// The text with every line break written as CR LF, breaks counted as scanLineEnds
+// counts them (CR LF, a lone LF, a lone CR). Positions in the result count each break
+// as two characters, as the editor's public positions do. A text whose breaks are all
+// CR LF already comes back as it is (shared, not copied). For QString and QByteArray.
+template <typename Text> Text withCrLfBreaks(const Text &text);
+
 } // namespace tessaro

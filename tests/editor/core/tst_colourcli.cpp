@@ -2,33 +2,20 @@
 #include "editor/core/ModeWordLists.h"
 #include "editor/core/RtfDocument.h"
 #include "platform/core/TextFile.h"
+#include "support/CliRun.h"
 #include "support/TestSupport.h"
 
-#include <QProcess>
 #include <QTemporaryDir>
 
 using namespace tessaro;
 
 namespace {
 
-struct Run
-{
-    int status = -1;
-    QByteArray out;
-    QByteArray err;
-};
+using Run = test::CliRun;
 
 Run cli(const QStringList &arguments)
 {
-    QProcess process;
-    process.start(QStringLiteral(TESSARO_BIN_DIR "/tessaro-cli"), arguments);
-    Run run;
-    if (!process.waitForFinished(60000))
-        return run;
-    run.status = process.exitCode();
-    run.out = process.readAllStandardOutput();
-    run.err = process.readAllStandardError();
-    return run;
+    return test::runCli(arguments);
 }
 
 class Caption : public DocumentCaption
