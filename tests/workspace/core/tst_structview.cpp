@@ -1,6 +1,7 @@
 #include "platform/core/ErrorTraps.h"
 #include "platform/core/TextFile.h"
 #include "shell/core/AppState.h"
+#include "support/CliRun.h"
 #include "support/RealModWorkspace.h"
 #include "support/TestSupport.h"
 #include "workspace/core/StructScan.h"
@@ -175,6 +176,14 @@ private Q_SLOTS:
                  QList<Found>({{1, ""}, {117, "level_locals_t"}}));
     }
 
+    void aHeaderEndingInAForwardDeclarationAndItsBodyIsScannedToTheEnd()
+    {
+        QCOMPARE(scan("typedef struct a_s { int x; } a_t;\n"
+                      "typedef struct b_s b_t;\n"
+                      "struct b_s { int y; };\n"),
+                 QList<Found>({{1, "a_t"}, {37, ""}}));
+    }
+
     void aHeaderEndingInAForwardDeclarationAfterOtherStructuresStops()
     {
         // With no "{" after the last declaration, its "}" and ";" are found from the
@@ -307,12 +316,10 @@ private Q_SLOTS:
         QVERIFY(state.workspace.open);
         QCOMPARE(session.structView().listing(), expected);
 
-        QProcess structs;
-        structs.start(QStringLiteral(TESSARO_BIN_DIR "/tessaro-cli"), {"structs", tdi});
-        QVERIFY(structs.waitForFinished(60000));
-        QCOMPARE(structs.readAllStandardError(), QByteArray());
-        QCOMPARE(structs.exitCode(), 0);
-        QCOMPARE(QString::fromUtf8(structs.readAllStandardOutput()), expected);
+        const test::CliRun structs = test::runCli({"structs", tdi});
+        QCOMPARE(structs.err, QByteArray());
+        QCOMPARE(structs.status, 0);
+        QCOMPARE(QString::fromUtf8(structs.out), expected);
     }
 
     void theCommandLineToolReportsAHeaderThatStopsTheBuilding()
@@ -323,15 +330,13 @@ private Q_SLOTS:
                                                           "typedef struct b_s b_t;\n");
         const QString tdi =
             writeFile("fwd.tdi", ("GAME=" + g + "\r\nHEAD=" + h + "\r\n\r\n").toUtf8());
-        QProcess structs;
-        structs.start(QStringLiteral(TESSARO_BIN_DIR "/tessaro-cli"), {"structs", tdi});
-        QVERIFY(structs.waitForFinished(60000));
-        QCOMPARE(structs.exitCode(), 1);
-        QCOMPARE(QString::fromUtf8(structs.readAllStandardOutput()),
+        const test::CliRun structs = test::runCli({"structs", tdi});
+        QCOMPARE(structs.status, 1);
+        QCOMPARE(QString::fromUtf8(structs.out),
                  QStringLiteral("G\tGame\n  %1-1\ta_t\nC\tCGame\nH\tHeaders\n  %2-1\ta_t\n"
                                 "  %2-61\ta_t\n")
                      .arg(g, h));
-        QCOMPARE(structs.readAllStandardError(),
+        QCOMPARE(structs.err,
                  QByteArray("tessaro-cli structs: stopped by run-time error 35602: Key is not "
                             "unique in collection\n"));
     }

@@ -2,6 +2,7 @@
 #include "platform/core/TextFile.h"
 #include "shell/core/AppState.h"
 #include "shell/ui/frmMain.h"
+#include "support/CliRun.h"
 #include "support/RealModWorkspace.h"
 #include "support/TestSupport.h"
 #include "workspace/core/FileBrowserModel.h"
@@ -16,7 +17,6 @@
 #include <QListWidget>
 #include <QMdiArea>
 #include <QMdiSubWindow>
-#include <QProcess>
 #include <QTabBar>
 #include <QTemporaryDir>
 #include <QTimer>
@@ -256,11 +256,9 @@ private Q_SLOTS:
         QCOMPARE(app().workspace.path, tdi);
         QCOMPARE(code1()->topLevelItemCount(), 4);
 
-        QProcess structs;
-        structs.start(QStringLiteral(TESSARO_BIN_DIR "/tessaro-cli"), {"structs", tdi});
-        QVERIFY(structs.waitForFinished(60000));
-        QCOMPARE(structs.exitCode(), 0);
-        const QString printed = QString::fromUtf8(structs.readAllStandardOutput());
+        const test::CliRun structs = test::runCli({"structs", tdi});
+        QCOMPARE(structs.status, 0);
+        const QString printed = QString::fromUtf8(structs.out);
         QCOMPARE(listing(list1()), printed);
         QVERIFY(printed.contains("/game/g_local.h-1041\t\n"));
     }
