@@ -7,12 +7,15 @@
 
 #include "editor/core/ColourScan.h"
 #include "editor/core/DynHighlight.h"
+#include "editor/core/LineEnds.h"
 #include "editor/core/ModeWordLists.h"
 #include "editor/core/RtfDocument.h"
 #include "platform/core/AppInfo.h"
+#include "platform/core/FileReader.h"
 #include "platform/core/RuntimeError.h"
 #include "platform/core/TextFile.h"
 
+#include <QFileInfo>
 #include <QTextStream>
 
 #include <cstdio>
@@ -27,11 +30,14 @@ void writeOut(const QByteArray &bytes)
     std::fflush(stdout);
 }
 
-// Reads a source file as the editor holds it (every line break CR LF).
+// Reads a source file as the editor holds it: 8-bit text, every line break CR LF
+// (decoded and converted piece by piece as it is read).
 bool readSource(const char *command, const QString &path, QString *text)
 {
     try {
-        *text = editorText(textfile::read(path));
+        CrLfTextDecoder decoder(QFileInfo(path).size());
+        FileReader().readInPieces(path, [&](QByteArrayView piece) { decoder.add(piece); });
+        *text = decoder.take();
         return true;
     } catch (const RuntimeError &error) {
         QTextStream(stderr) << QStringLiteral("tessaro-cli %1: %2: run-time error %3: %4\n")

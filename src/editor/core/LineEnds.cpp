@@ -97,4 +97,37 @@ template <typename Text> Text withCrLfBreaks(const Text &text)
 template QString withCrLfBreaks(const QString &);
 template QByteArray withCrLfBreaks(const QByteArray &);
 
+CrLfTextDecoder::CrLfTextDecoder(qsizetype expectedBytes)
+{
+    // Room for a CR before one line feed in sixteen bytes, as in C sources with LF ends.
+    m_text.reserve(expectedBytes + expectedBytes / 16 + 2);
+}
+
+void CrLfTextDecoder::add(QByteArrayView piece)
+{
+    const char *data = piece.data();
+    const qsizetype n = piece.size();
+    qsizetype from = 0;
+    // The LF of a CR LF whose CR ended the last piece is written already.
+    if (m_afterCr && n > 0 && data[0] == '\n')
+        from = 1;
+    if (n > 0)
+        m_afterCr = false;
+    for (qsizetype i = from; i < n; ++i) {
+        const char c = data[i];
+        if (c != '\r' && c != '\n')
+            continue;
+        m_text.append(QLatin1StringView(data + from, i - from));
+        m_text.append(QLatin1StringView("\r\n", 2));
+        if (c == '\r') {
+            if (i + 1 == n)
+                m_afterCr = true;
+            else if (data[i + 1] == '\n')
+                ++i;
+        }
+        from = i + 1;
+    }
+    m_text.append(QLatin1StringView(data + from, n - from));
+}
+
 } // namespace tessaro
