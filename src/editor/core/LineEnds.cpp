@@ -1,5 +1,7 @@
 #include "editor/core/LineEnds.h"
 
+#include "platform/core/Prefault.h"
+
 #include <QByteArray>
 
 #include <array>
@@ -101,6 +103,9 @@ CrLfTextDecoder::CrLfTextDecoder(qsizetype expectedBytes)
 {
     // Room for a CR before one line feed in sixteen bytes, as in C sources with LF ends.
     m_text.reserve(expectedBytes + expectedBytes / 16 + 2);
+    // A large text is written from end to end right away: back it in one go.
+    if (expectedBytes >= 256 * 1024)
+        prefaultForWriting(m_text.data(), m_text.capacity() * qsizetype(sizeof(QChar)));
 }
 
 void CrLfTextDecoder::add(QByteArrayView piece)
