@@ -44,7 +44,10 @@ void ensurePrivateHome()
 }
 
 RecordingMessageBox::RecordingMessageBox() : m_previous(setMessageBoxService(this)) {}
-RecordingMessageBox::~RecordingMessageBox() { setMessageBoxService(m_previous); }
+RecordingMessageBox::~RecordingMessageBox()
+{
+    setMessageBoxService(m_previous);
+}
 
 int RecordingMessageBox::show(const QString &prompt, int style, const QString &title)
 {
@@ -53,7 +56,10 @@ int RecordingMessageBox::show(const QString &prompt, int style, const QString &t
 }
 
 ScriptedCommonDialog::ScriptedCommonDialog() : m_previous(setCommonDialogService(this)) {}
-ScriptedCommonDialog::~ScriptedCommonDialog() { setCommonDialogService(m_previous); }
+ScriptedCommonDialog::~ScriptedCommonDialog()
+{
+    setCommonDialogService(m_previous);
+}
 
 QString ScriptedCommonDialog::fileName(const FileDialogRequest &request)
 {
@@ -68,7 +74,10 @@ bool ScriptedCommonDialog::printerSetup(const QString &title)
 }
 
 RecordingShell::RecordingShell() : m_previous(setShellService(this)) {}
-RecordingShell::~RecordingShell() { setShellService(m_previous); }
+RecordingShell::~RecordingShell()
+{
+    setShellService(m_previous);
+}
 
 qint64 RecordingShell::startProgram(const QString &path)
 {
@@ -86,11 +95,24 @@ qint64 RecordingShell::startScript(const QString &scriptPath)
     return 2000 + scripts.size();
 }
 
+RuntimeError errorOf(const std::function<void()> &action)
+{
+    try {
+        action();
+    } catch (const RuntimeError &error) {
+        return error;
+    }
+    return RuntimeError(0, QString(), QString());
+}
+
 ProgramEndCatcher::ProgramEndCatcher()
 {
     setProgramEnd([](int status) { throw ProgramEnded(status); });
 }
 
-ProgramEndCatcher::~ProgramEndCatcher() { setProgramEnd(nullptr); }
+ProgramEndCatcher::~ProgramEndCatcher()
+{
+    setProgramEnd(nullptr);
+}
 
 } // namespace tessaro::test

@@ -4,11 +4,14 @@
 #include "platform/core/MsgBox.h"
 #include "platform/core/Shell.h"
 
+#include "platform/core/RuntimeError.h"
 #include <QList>
 #include <QString>
 #include <QStringList>
+
 #include <QtTest/QtTest>
 
+#include <functional>
 #include <stdexcept>
 
 namespace tessaro::test {
@@ -80,6 +83,9 @@ public:
 private:
     ShellService *m_previous;
 };
+
+// The run-time error an action raises; number 0 when it raises none.
+RuntimeError errorOf(const std::function<void()> &action);
 
 // Thrown instead of ending the process while a ProgramEndCatcher is alive.
 struct ProgramEnded : std::runtime_error

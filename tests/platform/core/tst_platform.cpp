@@ -20,11 +20,21 @@ private Q_SLOTS:
         QTest::addColumn<QString>("path");
         QTest::addColumn<QString>("file");
         QTest::addColumn<QString>("dir");
-        QTest::newRow("absolute") << "/mod/game/g_main.c" << "g_main.c" << "/mod/game";
-        QTest::newRow("no separator") << "g_main.c" << "" << "";
-        QTest::newRow("trailing separator") << "/mod/game/" << "" << "/mod/game";
-        QTest::newRow("root") << "/" << "" << "";
-        QTest::newRow("empty") << "" << "" << "";
+        QTest::newRow("absolute") << "/mod/game/g_main.c"
+                                  << "g_main.c"
+                                  << "/mod/game";
+        QTest::newRow("no separator") << "g_main.c"
+                                      << ""
+                                      << "";
+        QTest::newRow("trailing separator") << "/mod/game/"
+                                            << ""
+                                            << "/mod/game";
+        QTest::newRow("root") << "/"
+                              << ""
+                              << "";
+        QTest::newRow("empty") << ""
+                               << ""
+                               << "";
     }
     void pathHelpersScanFromTheEnd()
     {
@@ -205,8 +215,11 @@ private Q_SLOTS:
     void pipeFiltersBecomeQtFilters()
     {
         QCOMPARE(qtNameFilters("Source Files (*.c, *.h)|*.c;*.h|All Files (*.*)|*.*"),
-                 (QStringList{"Source Files (*.c *.h)", "All Files (*.*)"}));
+                 (QStringList{"Source Files (*.c *.h)", "All Files (*)"}));
         QCOMPARE(qtNameFilters("Executables|*"), QStringList{"Executables (*)"});
+        // "*.*" is every file wherever it stands; other patterns with dots stay.
+        QCOMPARE(qtNameFilters("Mixed|*.c;*.*;*.h"), QStringList{"Mixed (*.c * *.h)"});
+        QCOMPARE(qtNameFilters("Dotted|*.*.bak"), QStringList{"Dotted (*.*.bak)"});
     }
     void severalChosenFilesGiveTheFolderAndTheNames()
     {
