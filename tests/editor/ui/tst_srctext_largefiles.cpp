@@ -4,6 +4,7 @@
 
 #include "EditorTestHelpers.h"
 #include "editor/core/ColourScan.h"
+#include "editor/core/DocumentColourer.h"
 #include "editor/core/ModeWordLists.h"
 #include "editor/ui/srcText.h"
 #include "platform/core/AppInfo.h"
@@ -13,6 +14,8 @@
 #include <QApplication>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTextDocument>
+#include <QTimer>
 
 #include <memory>
 
@@ -146,6 +149,42 @@ private Q_SLOTS:
         QCOMPARE(wrongColoursAtTheEnd(bytes, 128 * 1024), qsizetype(0));
         QCOMPARE(lastColourOf(QStringLiteral("/* trailing */")), commentColour);
         QCOMPARE(lastColourOf(QStringLiteral("/* no comment */")), textColour);
+    }
+
+    void progressTellsTheShareOfTheRunReallyDone()
+    {
+        // The run copies, scans, places and then colours the lines; the percentage
+        // reported grows through all of it and reaches 100 only when the run is over.
+        QTextDocument document;
+        QTextDocument snapshot;
+        QTimer progressTimer;
+        document.setPlainText(editorText(QString::fromLatin1(largeCSource(4 * 1024 * 1024))));
+        DocumentColourer colourer(&document, &snapshot, &progressTimer);
+        ScanRequest request;
+        request.mode = mode::C;
+        EditorWordLists lists;
+        lists.applyMode(mode::C, programFolder());
+        request.black = lists.black;
+        request.blue = lists.blue;
+        colourer.setRequest(request);
+        QVERIFY(colourer.start(false, true));
+        QList<int> percents;
+        QDeadlineTimer deadline(240000);
+        while (colourer.isRunning() && !deadline.hasExpired()) {
+            percents << colourer.percentComplete();
+            QApplication::processEvents(QEventLoop::AllEvents, 20);
+        }
+        QVERIFY(!colourer.isRunning());
+        QCOMPARE(colourer.restarts(), 0);
+        QVERIFY(percents.size() > 4);
+        for (qsizetype i = 0; i < percents.size(); ++i) {
+            QVERIFY2(percents.at(i) >= 0 && percents.at(i) < 100,
+                     qPrintable(QStringLiteral("%1 percent while the run goes on").arg(percents.at(i))));
+            if (i > 0)
+                QVERIFY(percents.at(i) >= percents.at(i - 1));
+        }
+        QVERIFY(percents.last() >= 60); // the lines were being coloured
+        QCOMPARE(colourer.percentComplete(), 0);
     }
 };
 
