@@ -150,15 +150,18 @@ void DocumentColourer::cancel()
         m_run->cancelRequested = true;
 }
 
-bool DocumentColourer::cancelPending() const { return m_run && m_run->cancelRequested; }
+bool DocumentColourer::cancelPending() const
+{
+    return m_run && m_run->cancelRequested;
+}
 
 int DocumentColourer::percentComplete() const
 {
     if (!m_run)
         return 0;
-    // Each phase takes its share of the run, as measured on large C files: copying
-    // the text 5 %, scanning 45 %, placing the stretches 10 %, colouring the lines
-    // 40 %. A run still under way never shows 100.
+    // Each phase counts for a fixed share of the run: copying the text 5 %, scanning
+    // 45 %, placing the stretches 10 %, colouring the lines 40 %. A run still under
+    // way never shows 100.
     const Run &run = *m_run;
     auto share = [](qint64 done, qint64 total) {
         return total > 0 ? double(std::min(done, total)) / double(total) : 1.0;
@@ -233,8 +236,8 @@ void DocumentColourer::step()
         switch (run.phase) {
         case Run::Phase::Fill: fillSlice(); break;
         case Run::Phase::Scan: {
-            const auto left = std::chrono::milliseconds(
-                std::max<qint64>(1, SliceBudgetMs - clock.elapsed()));
+            const auto left =
+                std::chrono::milliseconds(std::max<qint64>(1, SliceBudgetMs - clock.elapsed()));
             if (run.scan->runSlice(left)) {
                 run.stretches = run.scan->takeStretches();
                 run.scan.reset();
@@ -320,7 +323,8 @@ bool DocumentColourer::applySlice(const QElapsedTimer &clock)
         if (run.respell)
             collectSpellings(block, run.pieces, run.nextPiece, spellings, -1);
         bool inComment = false;
-        const ColouredLines::Ranges ranges = lineRanges(block, run.pieces, run.nextPiece, &inComment);
+        const ColouredLines::Ranges ranges =
+            lineRanges(block, run.pieces, run.nextPiece, &inComment);
         lines.setColours(block, ranges);
         ColouredLines::setEndsInComment(block, inComment);
         block = block.next();
@@ -489,8 +493,8 @@ ColouredLines::Ranges DocumentColourer::lineRanges(const QTextBlock &block,
     r = next;
     while (r < pieces.size() && pieces[r].end <= textEnd)
         ++r;
-    *endsInComment = r < pieces.size() && pieces[r].start <= textEnd &&
-                     pieces[r].kind == StretchKind::Comment;
+    *endsInComment =
+        r < pieces.size() && pieces[r].start <= textEnd && pieces[r].kind == StretchKind::Comment;
     next = r;
     return ranges;
 }

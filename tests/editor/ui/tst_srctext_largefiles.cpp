@@ -12,6 +12,7 @@
 #include "support/TestSupport.h"
 
 #include <QApplication>
+#include <QScrollBar>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTextDocument>
@@ -178,13 +179,36 @@ private Q_SLOTS:
         QCOMPARE(colourer.restarts(), 0);
         QVERIFY(percents.size() > 4);
         for (qsizetype i = 0; i < percents.size(); ++i) {
-            QVERIFY2(percents.at(i) >= 0 && percents.at(i) < 100,
-                     qPrintable(QStringLiteral("%1 percent while the run goes on").arg(percents.at(i))));
+            QVERIFY2(
+                percents.at(i) >= 0 && percents.at(i) < 100,
+                qPrintable(QStringLiteral("%1 percent while the run goes on").arg(percents.at(i))));
             if (i > 0)
                 QVERIFY(percents.at(i) >= percents.at(i - 1));
         }
         QVERIFY(percents.last() >= 60); // the lines were being coloured
         QCOMPARE(colourer.percentComplete(), 0);
+    }
+
+    void resizingLeavesUnwrappedLinesWholeAndReachable()
+    {
+        srcText code;
+        code.setText(QString(3000, u'x') + QStringLiteral("\r\nint y;"));
+        code.resize(800, 400);
+        code.show();
+        QApplication::processEvents();
+        QPlainTextEdit *box = code.RTFBox();
+        for (const QSize size : {QSize(300, 200), QSize(1600, 900), QSize(500, 300)}) {
+            code.resize(size);
+            QApplication::processEvents();
+            box->viewport()->repaint();
+            const QTextBlock first = box->document()->firstBlock();
+            QCOMPARE(first.layout()->lineCount(), 1);
+            QVERIFY(box->horizontalScrollBar()->maximum() > 0);
+            box->horizontalScrollBar()->setValue(box->horizontalScrollBar()->maximum());
+            QApplication::processEvents();
+            QVERIFY(box->horizontalScrollBar()->value() > 0);
+            box->horizontalScrollBar()->setValue(0);
+        }
     }
 };
 
