@@ -2,14 +2,24 @@
 
 #include "platform/core/ErrorTraps.h"
 #include "platform/core/RuntimeError.h"
+#include "platform/core/TextFile.h"
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 
 #include <cstdio>
 #include <cstdlib>
 
 namespace tessaro::test {
+
+QString writeFileIn(const QString &folder, const QString &name, const QByteArray &bytes)
+{
+    const QString path = QDir(folder).filePath(name);
+    QDir().mkpath(QFileInfo(path).absolutePath());
+    textfile::writeBytes(path, bytes);
+    return path;
+}
 
 void ensurePrivateHome()
 {

@@ -18,6 +18,10 @@ namespace tessaro::test {
 // by hand can never touch the real user's files.
 void ensurePrivateHome();
 
+// Writes a file of the given bytes at name inside the folder, making the folders
+// between, and returns its path.
+QString writeFileIn(const QString &folder, const QString &name, const QByteArray &bytes);
+
 // A message box that records every call and answers from a script (then the
 // default button once the script is used up).
 class RecordingMessageBox : public MessageBoxService

@@ -2,6 +2,7 @@
 #include "platform/core/ErrorTraps.h"
 #include "platform/core/FixedList.h"
 #include "platform/core/Paths.h"
+#include "platform/core/Prefault.h"
 #include "platform/core/TextFile.h"
 #include "platform/core/Twips.h"
 #include "support/TestSupport.h"
@@ -136,6 +137,24 @@ private Q_SLOTS:
         textfile::write(path, "short");
         QCOMPARE(textfile::readBytes(path), QByteArray("short"));
         QCOMPARE(QDir(dir.path()).entryList(QDir::Files), QStringList{"x.c"});
+    }
+
+    void prefaultingKeepsTheBuffersBytes()
+    {
+        // Unaligned ends, a buffer smaller than a page and nothing at all are fine.
+        QByteArray buffer(3 * 1024 * 1024 + 123, Qt::Uninitialized);
+        for (qsizetype i = 0; i < buffer.size(); i += 4093)
+            buffer[i] = char(i % 251);
+        const QByteArray before = buffer;
+        prefaultForWriting(buffer.data() + 1, buffer.size() - 2);
+        prefaultForWriting(buffer.data() + 5, 100);
+        prefaultForWriting(nullptr, 0);
+        QCOMPARE(buffer, before);
+        QString text;
+        text.reserve(1024 * 1024);
+        prefaultForWriting(text.data(), text.capacity() * qsizetype(sizeof(QChar)));
+        text.fill(u'x', 1024 * 1024);
+        QCOMPARE(text.count(u'x'), qsizetype(1024 * 1024));
     }
 
     void twipsAreFifteenToAPixelAt96Dpi()
