@@ -150,19 +150,34 @@ void DocumentColourer::cancel()
         m_run->cancelRequested = true;
 }
 
-bool DocumentColourer::cancelPending() const { return m_run && m_run->cancelRequested; }
+bool DocumentColourer::cancelPending() const
+{
+    return m_run && m_run->cancelRequested;
+}
 
 int DocumentColourer::percentComplete() const
 {
     if (!m_run)
         return 0;
-    switch (m_run->phase) {
-    case Run::Phase::Fill: return 0;
-    case Run::Phase::Scan: return m_run->scan ? m_run->scan->percentComplete() : 0;
+    // Each phase counts for a fixed share of the run: copying the text 5 %, scanning
+    // 45 %, placing the stretches 10 %, colouring the lines 40 %. A run still under
+    // way never shows 100.
+    const Run &run = *m_run;
+    auto share = [](qint64 done, qint64 total) {
+        return total > 0 ? double(std::min(done, total)) / double(total) : 1.0;
+    };
+    double done = 0;
+    switch (run.phase) {
+    case Run::Phase::Fill: done = 0.05 * share(run.filled, run.raw.size()); break;
+    case Run::Phase::Scan:
+        done = 0.05 + 0.45 * (run.scan ? run.scan->percentComplete() / 100.0 : 0.0);
+        break;
     case Run::Phase::Convert:
-    case Run::Phase::Apply: return 100;
+        done = 0.50 + 0.10 * share(qint64(run.converted), qint64(run.stretches.size()));
+        break;
+    case Run::Phase::Apply: done = 0.60 + 0.40 * share(run.nextBlock, m_doc->blockCount()); break;
     }
-    return 0;
+    return std::min(99, int(done * 100));
 }
 
 void DocumentColourer::beginSnapshot()
@@ -221,8 +236,8 @@ void DocumentColourer::step()
         switch (run.phase) {
         case Run::Phase::Fill: fillSlice(); break;
         case Run::Phase::Scan: {
-            const auto left = std::chrono::milliseconds(
-                std::max<qint64>(1, SliceBudgetMs - clock.elapsed()));
+            const auto left =
+                std::chrono::milliseconds(std::max<qint64>(1, SliceBudgetMs - clock.elapsed()));
             if (run.scan->runSlice(left)) {
                 run.stretches = run.scan->takeStretches();
                 run.scan.reset();
@@ -308,7 +323,8 @@ bool DocumentColourer::applySlice(const QElapsedTimer &clock)
         if (run.respell)
             collectSpellings(block, run.pieces, run.nextPiece, spellings, -1);
         bool inComment = false;
-        const ColouredLines::Ranges ranges = lineRanges(block, run.pieces, run.nextPiece, &inComment);
+        const ColouredLines::Ranges ranges =
+            lineRanges(block, run.pieces, run.nextPiece, &inComment);
         lines.setColours(block, ranges);
         ColouredLines::setEndsInComment(block, inComment);
         block = block.next();
@@ -477,8 +493,8 @@ ColouredLines::Ranges DocumentColourer::lineRanges(const QTextBlock &block,
     r = next;
     while (r < pieces.size() && pieces[r].end <= textEnd)
         ++r;
-    *endsInComment = r < pieces.size() && pieces[r].start <= textEnd &&
-                     pieces[r].kind == StretchKind::Comment;
+    *endsInComment =
+        r < pieces.size() && pieces[r].start <= textEnd && pieces[r].kind == StretchKind::Comment;
     next = r;
     return ranges;
 }

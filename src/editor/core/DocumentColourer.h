@@ -72,6 +72,7 @@ public:
     // Changed lines wait for the typing path (a long cascade goes on from the event
     // loop).
     bool hasWaitingLines() const;
+    // The share of the run done so far (0-99 while it runs), all its phases counted.
     int percentComplete() const;
     // How many times the current or last run started over because the text changed.
     int restarts() const { return m_restarts; }

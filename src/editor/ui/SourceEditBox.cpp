@@ -2,8 +2,8 @@
 
 #include "editor/ui/srcText.h"
 
-#include <QKeyEvent>
 #include <QContextMenuEvent>
+#include <QKeyEvent>
 #include <QMenu>
 #include <QMimeData>
 
@@ -57,6 +57,22 @@ void SourceEditBox::insertFromMimeData(const QMimeData *source)
 {
     if (source && source->hasText() && !isReadOnly())
         m_owner->pasteText(source->text());
+}
+
+void SourceEditBox::resizeEvent(QResizeEvent *event)
+{
+    // A change of width makes the box lay out every line again, which costs a few
+    // hundred milliseconds a step in a 10 MiB text. Lines that never wrap keep their
+    // layout at any width, so the box is told only of the height then (its scroll
+    // bars still follow the new size).
+    if (lineWrapMode() == QPlainTextEdit::NoWrap && event->oldSize().isValid() &&
+        event->oldSize().width() != event->size().width()) {
+        QResizeEvent heightOnly(event->size(),
+                                QSize(event->size().width(), event->oldSize().height()));
+        QPlainTextEdit::resizeEvent(&heightOnly);
+        return;
+    }
+    QPlainTextEdit::resizeEvent(event);
 }
 
 } // namespace tessaro

@@ -24,6 +24,7 @@ protected:
     void keyReleaseEvent(QKeyEvent *event) override;
     void insertFromMimeData(const QMimeData *source) override;
     bool canInsertFromMimeData(const QMimeData *source) const override;
+    void resizeEvent(QResizeEvent *event) override;
 
 private:
     srcText *m_owner;
