@@ -1,7 +1,7 @@
 #!/bin/sh
 # Installs the Debian 12 packages Tessaro needs to build, run and test, when missing.
 set -e
-packages="cmake ninja-build g++ qt6-base-dev qt6-base-dev-tools libgl-dev xvfb xauth fonts-dejavu-core"
+packages="cmake ninja-build g++ qt6-base-dev qt6-base-dev-tools libgl-dev xvfb xauth xdotool fonts-dejavu-core"
 missing=""
 for p in $packages; do
     dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing="$missing $p"

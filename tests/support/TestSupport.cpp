@@ -23,7 +23,7 @@ void ensurePrivateHome()
         std::exit(2);
     }
     for (const char *name : {"HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME",
-                             "XDG_RUNTIME_DIR", "XDG_CONFIG_DIRS"}) {
+                             "XDG_STATE_HOME", "XDG_RUNTIME_DIR", "XDG_CONFIG_DIRS"}) {
         const QString dir = qEnvironmentVariable(name);
         if (!dir.isEmpty())
             QDir().mkpath(dir);

@@ -1,5 +1,7 @@
 #include "editor/core/LineEnds.h"
 
+#include <algorithm>
+
 #include <array>
 
 namespace tessaro {
@@ -50,6 +52,15 @@ LineEnds scanLineEnds(const QString &text)
     }
     result.uniform = best == static_cast<qsizetype>(result.breaks.size());
     return result;
+}
+
+LineEnds lineEndsWithUsual(const QString &text, LineEnd usual)
+{
+    LineEnds ends = scanLineEnds(text);
+    ends.usual = usual;
+    ends.uniform = std::all_of(ends.breaks.begin(), ends.breaks.end(),
+                               [usual](LineEnd end) { return end == usual; });
+    return ends;
 }
 
 } // namespace tessaro

@@ -25,4 +25,8 @@ struct LineEnds
 
 LineEnds scanLineEnds(const QString &text);
 
+// The text's line breaks as scanLineEnds finds them, with the given usual kind: lines
+// typed anew get it, and the text is uniform only when every break is of that kind.
+LineEnds lineEndsWithUsual(const QString &text, LineEnd usual);
+
 } // namespace tessaro

@@ -65,6 +65,7 @@ frmDocument *DocumentCommands::NewDocument()
     document->setCaption(documents::untitledCaption(number));
     child->show();
     app().caretMoved = true;
+    Q_EMIT documentCreated(document);
     return document;
 }
 

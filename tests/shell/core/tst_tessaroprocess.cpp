@@ -196,10 +196,10 @@ private Q_SLOTS:
         QVERIFY(stop(*first));
         QByteArray ini = readAll(account.settingsFile());
         QVERIFY(ini.contains("MainLeft=1000"));
-        QVERIFY(ini.contains("comPath=c:\\\\quake3\\\\bin_nt\\\\lcc.exe"));
+        QVERIFY(ini.contains("comPath=c:\\quake3\\bin_nt\\lcc.exe"));
         QVERIFY(ini.contains("useLnk=True"));
 
-        ini.replace("comPath=c:\\\\quake3\\\\bin_nt\\\\lcc.exe", "comPath=/opt/q3/q3lcc");
+        ini.replace("comPath=c:\\quake3\\bin_nt\\lcc.exe", "comPath=/opt/q3/q3lcc");
         ini.replace("MainLeft=1000", "MainLeft=1500");
         ini.replace("useLnk=True", "useLnk=False");
         ini.replace("params=\n", "params=-DSAMPLE\n");
@@ -217,7 +217,7 @@ private Q_SLOTS:
         QVERIFY(after.contains("MainTop=1000"));
         QVERIFY(after.contains("useLnk=False"));
         QVERIFY(after.contains("params=-DSAMPLE"));
-        QVERIFY(after.contains("asmPath=c:\\\\quake3\\\\bin_nt\\\\q3asm.exe"));
+        QVERIFY(after.contains("asmPath=c:\\quake3\\bin_nt\\q3asm.exe"));
     }
     void aCorruptMainLeftEndsStartUpWithTypeMismatch()
     {
