@@ -44,6 +44,7 @@ public:
         // -displayfd 1: the server picks a free display and writes its number.
         m_server.start("Xvfb",
                        {"-displayfd", "1", "-screen", "0", "1280x1024x24", "-nolisten", "tcp"});
+        m_server.waitForStarted(10000);
         QElapsedTimer timer;
         timer.start();
         while (m_name.isEmpty() && timer.elapsed() < 20000 &&
@@ -54,7 +55,7 @@ public:
                 m_name = ":" + QString::fromLatin1(m_output.trimmed());
         }
         if (m_name.isEmpty())
-            m_why = "Xvfb did not start";
+            m_why = "Xvfb did not start: " + QString::fromLocal8Bit(m_server.readAllStandardError());
     }
     ~XServer()
     {
@@ -161,6 +162,9 @@ public:
         return false;
     }
 
+    // The next start's events only.
+    void forgetEvents() const { QFile::remove(path("events")); }
+
     // Every recovery copy's bytes.
     QList<QByteArray> copies() const
     {
@@ -203,13 +207,22 @@ bool typeIntoTheDocument(const XServer &display, const QString &text)
 // it to end: a recovered document is changed, so the headless prompt saves it.
 QByteArray recoverAndSave(const Account &account)
 {
+    account.forgetEvents();
     auto again = account.start(nullptr);
     if (!account.waitForEvent("loaded"))
         return "no start";
-    QTest::qWait(500); // the offer runs once the window is shown
+    // The offer runs once the window is shown.
+    QByteArray messages;
+    QElapsedTimer timer;
+    timer.start();
+    while (!messages.contains("recovering unsaved work") && timer.elapsed() < 20000) {
+        again->waitForReadyRead(200);
+        messages += again->readAllStandardError();
+    }
+    QTest::qWait(200);
     again->terminate();
     again->waitForFinished(30000);
-    return again->readAllStandardError();
+    return messages + again->readAllStandardError();
 }
 
 } // namespace
