@@ -104,6 +104,21 @@ private Q_SLOTS:
         QCOMPARE(filesIn(folder), QStringList{"target"});
     }
 
+    void aReplacedFileKeepsItsPermissions_data() { addWriters(); }
+    void aReplacedFileKeepsItsPermissions()
+    {
+        QFETCH(Writer, writer);
+        const QString folder = freshFolder("mode");
+        const QString path = folder + "/target";
+        textfile::writeBytes(path, kOldWorkspace);
+        const auto mode = QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup;
+        QVERIFY(QFile::setPermissions(path, mode));
+        QVERIFY(writer(path));
+        // Owner, group and other bits (the "user" bits repeat the owner's for us).
+        const QFile::Permissions modeBits(0x7077);
+        QCOMPARE(QFile(path).permissions() & modeBits, QFile::Permissions(mode));
+    }
+
     void aFullFileSystemLeavesTheOldFileWhole_data() { addWriters(); }
     void aFullFileSystemLeavesTheOldFileWhole()
     {
