@@ -33,6 +33,12 @@ void ensurePrivateHome()
         QFile::setPermissions(runtime, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
 }
 
+QByteArray readFile(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
 RecordingMessageBox::RecordingMessageBox() : m_previous(setMessageBoxService(this)) {}
 RecordingMessageBox::~RecordingMessageBox() { setMessageBoxService(m_previous); }
 

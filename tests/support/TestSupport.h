@@ -18,6 +18,10 @@ namespace tessaro::test {
 // by hand can never touch the real user's files.
 void ensurePrivateHome();
 
+// A file's bytes; empty when it is missing or cannot be read (tests compare contents
+// and never want the program's own error for that).
+QByteArray readFile(const QString &path);
+
 // A message box that records every call and answers from a script (then the
 // default button once the script is used up).
 class RecordingMessageBox : public MessageBoxService

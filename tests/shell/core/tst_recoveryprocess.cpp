@@ -21,12 +21,6 @@ namespace {
 
 const QString kProgram = QStringLiteral(TESSARO_BIN_DIR "/tessaro");
 
-QByteArray readAll(const QString &path)
-{
-    QFile f(path);
-    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
-}
-
 // A private X server for the length of the test.
 class XServer
 {
@@ -55,7 +49,8 @@ public:
                 m_name = ":" + QString::fromLatin1(m_output.trimmed());
         }
         if (m_name.isEmpty())
-            m_why = "Xvfb did not start: " + QString::fromLocal8Bit(m_server.readAllStandardError());
+            m_why =
+                "Xvfb did not start: " + QString::fromLocal8Bit(m_server.readAllStandardError());
     }
     ~XServer()
     {
@@ -154,7 +149,7 @@ public:
         QElapsedTimer timer;
         timer.start();
         while (timer.elapsed() < timeoutMs) {
-            for (const QByteArray &line : readAll(path("events")).split('\n'))
+            for (const QByteArray &line : test::readFile(path("events")).split('\n'))
                 if (line.mid(line.indexOf(' ') + 1) == event.toUtf8())
                     return true;
             QTest::qWait(50);
@@ -172,7 +167,7 @@ public:
         QDir root(recoveryFolder());
         for (const QString &session : root.entryList(QDir::Dirs | QDir::NoDotAndDotDot))
             for (const QString &name : QDir(root.filePath(session)).entryList({"*.copy"}))
-                found << readAll(root.filePath(session) + "/" + name);
+                found << test::readFile(root.filePath(session) + "/" + name);
         return found;
     }
     bool waitForCopyHolding(const QByteArray &text, int timeoutMs = 30000) const
@@ -230,16 +225,34 @@ QByteArray recoverAndSave(const Account &account)
 class RecoveryProcessTest : public QObject
 {
     Q_OBJECT
+
+    std::unique_ptr<XServer> m_display;
+
+    // The program started on the display with the account's source file, and `text`
+    // typed into that document; nullptr when it did not get that far.
+    std::unique_ptr<QProcess> startAndType(const Account &account, const QString &text) const
+    {
+        auto process = account.start(m_display.get());
+        if (!account.waitForEvent("open " + account.sourceFile()) ||
+            !typeIntoTheDocument(*m_display, text))
+            return nullptr;
+        return process;
+    }
+
 private Q_SLOTS:
+    void initTestCase() { m_display = std::make_unique<XServer>(); }
+    void init()
+    {
+        if (!m_display->isUp())
+            QSKIP(qPrintable(m_display->why()));
+    }
+    void cleanupTestCase() { m_display.reset(); }
+
     void typingSurvivesAKill()
     {
-        XServer display;
-        if (!display.isUp())
-            QSKIP(qPrintable(display.why()));
         Account account;
-        auto first = account.start(&display);
-        QVERIFY(account.waitForEvent("open " + account.sourceFile()));
-        QVERIFY(typeIntoTheDocument(display, "typed "));
+        auto first = startAndType(account, "typed ");
+        QVERIFY(first);
         // The copy is there within the interval (2 s) after the typing.
         QVERIFY(account.waitForCopyHolding("typed int kept;\n"));
         first->kill();
@@ -248,35 +261,31 @@ private Q_SLOTS:
         const QByteArray messages = recoverAndSave(account);
         QVERIFY2(messages.contains("recovering unsaved work: " + account.sourceFile().toUtf8()),
                  messages.constData());
-        QCOMPARE(readAll(account.sourceFile()), QByteArray("typed int kept;\n"));
+        QCOMPARE(test::readFile(account.sourceFile()), QByteArray("typed int kept;\n"));
         // Saved and closed: nothing is left to recover.
         QVERIFY(account.copies().isEmpty());
     }
 
     void anUntrappedRunTimeErrorLeavesACopy()
     {
-        XServer display;
-        if (!display.isUp())
-            QSKIP(qPrintable(display.why()));
         Account account;
         QFile settings(account.path("config/Tessaro/Tessaro.ini"));
         QVERIFY(settings.open(QIODevice::WriteOnly));
         settings.write("[Settings]\nwebPath=/nonexistent/web browser\n");
         settings.close();
 
-        auto first = account.start(&display);
-        QVERIFY(account.waitForEvent("open " + account.sourceFile()));
-        QVERIFY(typeIntoTheDocument(display, "lost? "));
+        auto first = startAndType(account, "lost? ");
+        QVERIFY(first);
         // Build > Publish Mod..., Next >, then Execute on the web browser page.
-        display.xdotool({"key", "alt+b"});
-        display.xdotool({"key", "p"});
-        const QString checklist = display.window("^Mod Publishing Wizard$");
+        m_display->xdotool({"key", "alt+b"});
+        m_display->xdotool({"key", "p"});
+        const QString checklist = m_display->window("^Mod Publishing Wizard$");
         QVERIFY(!checklist.isEmpty());
-        display.xdotool({"mousemove", "--window", checklist, "363", "307", "click", "1"});
+        m_display->xdotool({"mousemove", "--window", checklist, "363", "307", "click", "1"});
         QTest::qWait(500);
-        const QString webPage = display.window("^Mod Publishing Wizard$");
+        const QString webPage = m_display->window("^Mod Publishing Wizard$");
         QVERIFY(!webPage.isEmpty());
-        display.xdotool({"mousemove", "--window", webPage, "435", "243", "click", "1"});
+        m_display->xdotool({"mousemove", "--window", webPage, "435", "243", "click", "1"});
 
         QVERIFY(first->waitForFinished(30000));
         QCOMPARE(first->exitStatus(), QProcess::NormalExit);
@@ -284,42 +293,34 @@ private Q_SLOTS:
         QVERIFY(first->readAllStandardError().contains("Run-time error '53':"));
         QVERIFY(account.waitForCopyHolding("lost? int kept;\n", 1000));
         // The settings were not written by that end.
-        QVERIFY(
-            readAll(account.path("config/Tessaro/Tessaro.ini")).startsWith("[Settings]\nwebPath"));
+        QVERIFY(test::readFile(account.path("config/Tessaro/Tessaro.ini"))
+                    .startsWith("[Settings]\nwebPath"));
     }
 
     void aHangUpKeepsTheTypingAndEndsAsAHangUpDoes()
     {
-        XServer display;
-        if (!display.isUp())
-            QSKIP(qPrintable(display.why()));
         Account account;
-        auto first = account.start(&display);
-        QVERIFY(account.waitForEvent("open " + account.sourceFile()));
-        QVERIFY(typeIntoTheDocument(display, "hup "));
+        auto first = startAndType(account, "hup ");
+        QVERIFY(first);
         QTest::qWait(300);
         ::kill(pid_t(first->processId()), SIGHUP);
         QVERIFY(first->waitForFinished(30000));
         QCOMPARE(first->exitStatus(), QProcess::CrashExit); // ended by the signal
         QVERIFY(account.waitForCopyHolding("hup int kept;\n", 1000));
-        QVERIFY(!readAll(account.path("events")).contains("unloaded"));
+        QVERIFY(!test::readFile(account.path("events")).contains("unloaded"));
     }
 
     void aCleanExitLeavesNoCopy()
     {
-        XServer display;
-        if (!display.isUp())
-            QSKIP(qPrintable(display.why()));
         Account account;
-        auto first = account.start(&display);
-        QVERIFY(account.waitForEvent("open " + account.sourceFile()));
-        QVERIFY(typeIntoTheDocument(display, "saved "));
+        auto first = startAndType(account, "saved ");
+        QVERIFY(first);
         QVERIFY(account.waitForCopyHolding("saved int kept;\n"));
         // SIGTERM closes the window the normal way; the headless prompt saves.
         first->terminate();
         QVERIFY(first->waitForFinished(30000));
         QCOMPARE(first->exitCode(), 0);
-        QCOMPARE(readAll(account.sourceFile()), QByteArray("saved int kept;\n"));
+        QCOMPARE(test::readFile(account.sourceFile()), QByteArray("saved int kept;\n"));
         QVERIFY(account.copies().isEmpty());
         QVERIFY(
             QDir(account.recoveryFolder()).entryList(QDir::Dirs | QDir::NoDotAndDotDot).isEmpty());

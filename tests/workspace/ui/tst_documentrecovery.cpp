@@ -45,12 +45,6 @@ private:
     RecoveryPromptService *m_previous;
 };
 
-QByteArray readAll(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
 } // namespace
 
 class DocumentRecoveryTest : public QObject
@@ -73,7 +67,7 @@ class DocumentRecoveryTest : public QObject
     }
     std::optional<RecoveryCopy> copy(int id) const
     {
-        return RecoveryCopy::fromBytes(readAll(copyOf(id)));
+        return RecoveryCopy::fromBytes(test::readFile(copyOf(id)));
     }
     QList<frmDocument *> documents() const
     {
