@@ -1,7 +1,11 @@
 #!/bin/sh
 # Installs the Debian 12 packages Tessaro needs to build, run and test, when missing.
 set -e
-packages="cmake ninja-build g++ qt6-base-dev qt6-base-dev-tools libgl-dev xvfb xauth xdotool fonts-dejavu-core"
+# librsvg2-bin renders the icon at build time; dpkg-dev (dpkg-shlibdeps), desktop-file-utils,
+# appstream and man-db are used by the install and package test; xdotool types into the
+# real program in the recovery process test.
+packages="cmake ninja-build g++ qt6-base-dev qt6-base-dev-tools libgl-dev xvfb xauth xdotool fonts-dejavu-core
+          librsvg2-bin dpkg-dev desktop-file-utils appstream man-db"
 missing=""
 for p in $packages; do
     dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing="$missing $p"

@@ -3,16 +3,22 @@
 //   2. LoadFile of a 10 MiB file until it is fully coloured, and the longest time the
 //      event loop waited meanwhile;
 //   3. 200 keystrokes in the coloured 1 MiB file, each re-coloured and painted;
-//   4. the process's memory with the 10 MiB file loaded and coloured.
+//   4. the process's memory with the 10 MiB file loaded and coloured;
+//   5. undo memory and time: "/*" typed and deleted at the top of a 2 MiB C file
+//      without block comments (each toggle re-colours the whole file), six toggles,
+//      then six Undos.
 // Usage: bench_srctext <1 MiB file> <10 MiB file>   (see srctext-bench.sh)
 
+#include "editor/core/ColouredLines.h"
 #include "editor/ui/srcText.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QKeyEvent>
 #include <QPlainTextEdit>
+#include <QTextBlock>
 #include <QTextStream>
 #include <QTimer>
 
@@ -88,6 +94,92 @@ void typeKey(QWidget *target, Qt::Key key, const QString &text)
     QApplication::sendEvent(target, &release);
 }
 
+double residentMiB()
+{
+    return statusField("VmRSS").section(u' ', 0, 0).toDouble() / 1024.0;
+}
+
+// The colour of the "int" on the file's last line.
+QColor lastLineColour(srcText &code)
+{
+    const QTextBlock block = code.RTFBox()->document()->lastBlock().previous();
+    return ColouredLines::shownColour(block, 1, QColor(0, 0, 0));
+}
+
+// Serves the event loop until nothing is left to colour (the cascade of a comment
+// opened or closed goes on from the event loop).
+void settleColours(srcText &code)
+{
+    const bool comment =
+        code.RTFBox()->document()->firstBlock().text().startsWith(QLatin1String("/*"));
+    const QColor want = comment ? QColor(0, 128, 0) : QColor(0, 0, 127);
+    do {
+        QApplication::processEvents(QEventLoop::AllEvents, 50);
+    } while (code.isColouring() || lastLineColour(code) != want);
+}
+
+// About 2 MiB of C without block comments, so that "/*" typed at the top turns the
+// whole file into a comment and deleting it turns it back.
+QString twoMiBWithoutBlockComments()
+{
+    QString text;
+    text.reserve(2 * 1024 * 1024 + 64);
+    for (int i = 0; text.size() < 2 * 1024 * 1024; ++i)
+        text += QStringLiteral("\tint v%1 = value + %1; // note while return\r\n").arg(i);
+    return text;
+}
+
+void undoMemoryAndTime()
+{
+    const QString path = QDir::temp().filePath(QStringLiteral("tessaro-bench-toggle.c"));
+    {
+        QFile file(path);
+        if (!file.open(QIODevice::WriteOnly))
+            return;
+        file.write(twoMiBWithoutBlockComments().toLatin1());
+    }
+    srcText code;
+    code.resize(1000, 800);
+    code.show();
+    settle();
+    code.LoadFile(path, 1);
+    settleColours(code);
+    QPlainTextEdit *box = code.RTFBox();
+    const double before = residentMiB();
+    std::vector<double> toggles;
+    for (int i = 0; i < 6; ++i) {
+        code.SetSelection(i % 2 ? 2 : 0, i % 2 ? 2 : 0);
+        QElapsedTimer clock;
+        clock.start();
+        if (i % 2 == 0) {
+            typeKey(box, Qt::Key_Slash, QStringLiteral("/"));
+            typeKey(box, Qt::Key_Asterisk, QStringLiteral("*"));
+        } else {
+            typeKey(box, Qt::Key_Backspace, QString());
+            typeKey(box, Qt::Key_Backspace, QString());
+        }
+        settleColours(code);
+        toggles.push_back(ms(clock.nsecsElapsed()));
+    }
+    const double after = residentMiB();
+    std::vector<double> undos;
+    for (int i = 0; i < 6; ++i) {
+        QElapsedTimer clock;
+        clock.start();
+        code.Undo();
+        undos.push_back(ms(clock.nsecsElapsed()));
+        settleColours(code);
+    }
+    std::printf("2 MiB comment toggles: resident %.0f MiB before, %.0f MiB after 6 toggles "
+                "(+%.0f MiB); toggle re-coloured in %.0f..%.0f ms; Undo %.1f..%.1f ms "
+                "(worst allowed 50)\n",
+                before, after, after - before, *std::min_element(toggles.begin(), toggles.end()),
+                *std::max_element(toggles.begin(), toggles.end()),
+                *std::min_element(undos.begin(), undos.end()),
+                *std::max_element(undos.begin(), undos.end()));
+    QFile::remove(path);
+}
+
 } // namespace
 
 int main(int argc, char **argv)
@@ -157,6 +249,9 @@ int main(int argc, char **argv)
                     "median %.2f ms, worst %.2f ms\n",
                     times[times.size() / 2], times.back());
     }
+
+    // 5. Undo memory and time of colour changes.
+    undoMemoryAndTime();
 
     // 2. and 4. The 10 MiB file.
     {

@@ -4,7 +4,6 @@
 
 #include <QCursor>
 #include <QGuiApplication>
-#include <QHash>
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QTextDocument>
@@ -44,29 +43,25 @@ struct DocumentColourer::Run
     std::vector<ColourStretch> stretches;
     std::size_t converted = 0;
     qsizetype lineHint = 0;
+    bool respell = true;
     std::vector<Piece> pieces;
-    std::vector<Change> changes; // found and not yet written
-    std::size_t written = 0;
-    std::vector<std::pair<int, QString>> spellings;
     std::size_t nextPiece = 0;
     int nextBlock = 0;
 };
 
 DocumentColourer::DocumentColourer(QTextDocument *document, QTextDocument *snapshot,
                                    QTimer *progressTimer, QObject *parent)
-    : QObject(parent), m_doc(document), m_snapshot(snapshot), m_progressTimer(progressTimer)
+    : QObject(parent), m_doc(document), m_snapshot(snapshot), m_progressTimer(progressTimer),
+      m_respellings(document)
 {
-    m_colours = {QColor(0, 128, 0), QColor(0, 0, 127), QColor(0, 0, 0)};
+    setColours({QColor(0, 128, 0), QColor(0, 0, 127), QColor(0, 0, 0)});
     m_snapshot->setUndoRedoEnabled(false);
     // Each slice of a run is started from the event loop by this timer.
     m_sliceTimer.setSingleShot(true);
     m_sliceTimer.setInterval(0);
     connect(&m_sliceTimer, &QTimer::timeout, this, &DocumentColourer::step);
-    // A step added to the undo history replaces every step that could be redone.
-    connect(m_doc, &QTextDocument::undoCommandAdded, this, [this] {
-        m_ownSteps.erase(m_ownSteps.upper_bound(m_knownTop), m_ownSteps.end());
-        m_knownTop = m_doc->availableUndoSteps();
-    });
+    connect(m_doc, &QTextDocument::undoCommandAdded, this,
+            [this] { m_respellings.commandAdded(); });
     connect(m_progressTimer, &QTimer::timeout, this, [this] {
         if (m_run)
             Q_EMIT progressChange(percentComplete());
@@ -99,36 +94,24 @@ bool DocumentColourer::cLike() const
            m_request.mode == mode::JavaScript;
 }
 
-// ---- Line state ------------------------------------------------------------------
-
-int DocumentColourer::lineEndBits(const QTextBlock &block)
+void DocumentColourer::setColours(const Colours &colours)
 {
-    const int state = block.userState();
-    return state < 0 ? 0 : (state & 3);
-}
-
-bool DocumentColourer::endsInComment(const QTextBlock &block)
-{
-    const int state = block.userState();
-    return state >= 0 && (state & CommentOpenBit) != 0;
-}
-
-void DocumentColourer::setLineState(QTextBlock &block, int lineEnd, bool inComment)
-{
-    const int state = (lineEnd & 3) | (inComment ? CommentOpenBit : 0);
-    if (state != std::max(0, block.userState()))
-        block.setUserState(state);
+    m_colours = colours;
+    m_commentFormat = QTextCharFormat();
+    m_commentFormat.setForeground(colours.comment);
+    m_keywordFormat = QTextCharFormat();
+    m_keywordFormat.setForeground(colours.keyword);
 }
 
 bool DocumentColourer::lineStartsInComment(const QTextBlock &block) const
 {
     const QTextBlock previous = block.previous();
-    return cLike() && previous.isValid() && endsInComment(previous);
+    return cLike() && previous.isValid() && ColouredLines::endsInComment(previous);
 }
 
 // ---- Full run ---------------------------------------------------------------------
 
-bool DocumentColourer::start(bool html, bool silent)
+bool DocumentColourer::start(bool html, bool silent, bool respell)
 {
     if (!modeColours(m_request.mode, html))
         return false;
@@ -137,6 +120,7 @@ bool DocumentColourer::start(bool html, bool silent)
         // choice; its progress signals stay one start and one completion. A run of
         // the typing path that is now asked for openly starts reporting.
         m_run->html = html;
+        m_run->respell = m_run->respell && respell;
         if (m_run->silent && !silent) {
             m_run->silent = false;
             m_progressTimer->start();
@@ -149,6 +133,7 @@ bool DocumentColourer::start(bool html, bool silent)
     m_run = std::make_unique<Run>();
     m_run->html = html;
     m_run->silent = silent;
+    m_run->respell = respell;
     if (!silent) {
         m_progressTimer->start();
         Q_EMIT progressStart();
@@ -196,9 +181,6 @@ void DocumentColourer::beginSnapshot()
     run.converted = 0;
     run.lineHint = 0;
     run.pieces.clear();
-    run.changes.clear();
-    run.written = 0;
-    run.spellings.clear();
     run.nextPiece = 0;
     run.nextBlock = 0;
 }
@@ -318,31 +300,25 @@ void DocumentColourer::convertSlice()
 bool DocumentColourer::applySlice(const QElapsedTimer &clock)
 {
     Run &run = *m_run;
-    const qint64 budgetNs = SliceBudgetMs * 1000000;
-    m_formatColours.clear();
-    m_formatPlain.clear();
-    // Compare lines until enough changes wait or half the slice is gone...
+    ColouredLines lines(m_doc);
+    Spellings spellings;
     QTextBlock block = m_doc->findBlockByNumber(run.nextBlock);
-    int lines = 0;
+    int count = 0;
     while (block.isValid()) {
-        collectSpellings(block, run.pieces, run.nextPiece, run.spellings, -1);
-        const bool inComment = diffLine(block, run.pieces, run.nextPiece, run.changes);
-        setLineState(block, lineEndBits(block), inComment);
+        if (run.respell)
+            collectSpellings(block, run.pieces, run.nextPiece, spellings, -1);
+        bool inComment = false;
+        const ColouredLines::Ranges ranges = lineRanges(block, run.pieces, run.nextPiece, &inComment);
+        lines.setColours(block, ranges);
+        ColouredLines::setEndsInComment(block, inComment);
         block = block.next();
-        if ((++lines & 7) == 0 &&
-            (clock.nsecsElapsed() >= budgetNs / 2 ||
-             run.changes.size() - run.written >= std::size_t(256)))
+        if ((++count & 15) == 0 && clock.elapsed() >= SliceBudgetMs)
             break;
     }
     run.nextBlock = block.isValid() ? block.blockNumber() : m_doc->blockCount();
-    // ...then write them while the slice lasts; what is left waits for the next one.
-    run.written += writeChanges(run.changes, run.written, run.spellings, &clock, budgetNs);
-    run.spellings.clear();
-    if (run.written >= run.changes.size()) {
-        run.changes.clear();
-        run.written = 0;
-    }
-    return !block.isValid() && run.changes.empty();
+    lines.finish();
+    writeSpellings(spellings);
+    return !block.isValid();
 }
 
 void DocumentColourer::finish()
@@ -359,17 +335,31 @@ void DocumentColourer::finish()
 
 // ---- Typing path ------------------------------------------------------------------
 
+bool DocumentColourer::hasWaitingLines() const
+{
+    return m_dirtyFirst >= 0 && modeColours(m_request.mode, m_request.mode == mode::Html);
+}
+
 void DocumentColourer::noteChange(int from, int removed, int added)
 {
-    Q_UNUSED(removed);
     ++m_generation;
-    const int first = m_doc->findBlock(from).blockNumber();
+    QTextBlock block = m_doc->findBlock(from);
+    if (!block.isValid())
+        return;
+    if (removed != added && ColouredLines::hasColours(block)) {
+        // Until the line is coloured again (at once, in a mode that colours), its
+        // colours stay with the characters they belong to. A change that keeps the
+        // length (a new format, a word respelled) leaves them where they are.
+        ColouredLines lines(m_doc);
+        lines.setColours(block, ColouredLines::shifted(ColouredLines::colours(block),
+                                                       from - block.position(), removed, added));
+    }
+    const int first = block.blockNumber();
     QTextBlock lastBlock = m_doc->findBlock(from + added);
     const int last = lastBlock.isValid() ? lastBlock.blockNumber() : m_doc->blockCount() - 1;
-    if (first < 0)
-        return;
     m_dirtyFirst = m_dirtyFirst < 0 ? first : std::min(m_dirtyFirst, first);
     m_dirtyLast = std::max(m_dirtyLast, std::max(first, last));
+    m_dirtyFromUndo = m_dirtyFromUndo || m_undoing;
 }
 
 void DocumentColourer::flush(int caretPosition)
@@ -378,26 +368,24 @@ void DocumentColourer::flush(int caretPosition)
         return;
     const int first = m_dirtyFirst;
     const int last = std::min(m_dirtyLast, m_doc->blockCount() - 1);
+    const bool respell = !m_dirtyFromUndo;
     m_dirtyFirst = m_dirtyLast = -1;
+    m_dirtyFromUndo = false;
     if (!modeColours(m_request.mode, m_request.mode == mode::Html) || last < first)
         return;
     if (last - first + 1 > LargeChange) {
-        Q_EMIT largeChange();
+        Q_EMIT largeChange(respell);
         return;
     }
-    colourLines(first, last, caretPosition);
+    colourLines(first, last, caretPosition, respell);
 }
 
-void DocumentColourer::colourLines(int firstBlock, int lastBlock, int caretPosition)
+void DocumentColourer::colourLines(int firstBlock, int lastBlock, int caretPosition, bool respell)
 {
-    if (!modeColours(m_request.mode, m_request.mode == mode::Html))
-        return;
-    m_formatColours.clear();
-    m_formatPlain.clear();
     QElapsedTimer clock;
     clock.start();
-    std::vector<Change> changes;
-    std::vector<std::pair<int, QString>> spellings;
+    ColouredLines lines(m_doc);
+    Spellings spellings;
     QTextBlock block = m_doc->findBlockByNumber(std::max(0, firstBlock));
     bool inComment = block.isValid() && lineStartsInComment(block);
     ScanRequest request = m_request;
@@ -421,16 +409,20 @@ void DocumentColourer::colourLines(int firstBlock, int lastBlock, int caretPosit
             if (to > from)
                 pieces.push_back({from, to, s.kind, s.spelling});
         }
+        if (respell)
+            collectSpellings(block, pieces, 0, spellings, caretPosition);
         std::size_t next = 0;
-        collectSpellings(block, pieces, next, spellings, caretPosition);
-        next = 0;
-        const bool endState = diffLine(block, pieces, next, changes);
-        const bool oldState = endsInComment(block);
-        setLineState(block, lineEndBits(block), endState);
+        bool endState = false;
+        lines.setColours(block, lineRanges(block, pieces, next, &endState));
+        // Qt forgets a line's state when Undo or Redo splits or joins it: an unknown
+        // state never ends the cascade.
+        const bool oldKnown = ColouredLines::stateKnown(block);
+        const bool oldState = ColouredLines::endsInComment(block);
+        ColouredLines::setEndsInComment(block, endState);
         const int number = block.blockNumber();
         block = block.next();
         inComment = endState && cLike();
-        if (number >= lastBlock && endState == oldState)
+        if (number >= lastBlock && oldKnown && endState == oldState)
             break;
         if (number >= lastBlock && block.isValid() && clock.elapsed() >= TypingBudgetMs) {
             // A long cascade (a comment opened above many lines) goes on from the
@@ -438,52 +430,67 @@ void DocumentColourer::colourLines(int firstBlock, int lastBlock, int caretPosit
             const int from = block.blockNumber();
             m_dirtyFirst = m_dirtyFirst < 0 ? from : std::min(m_dirtyFirst, from);
             m_dirtyLast = std::max(m_dirtyLast, from);
+            m_dirtyFromUndo = m_dirtyFromUndo || !respell;
             QTimer::singleShot(0, this, [this] { flush(); });
             break;
         }
     }
-    writeChanges(changes, 0, spellings);
+    lines.finish();
+    writeSpellings(spellings);
 }
 
-// ---- Comparing and writing colours ---------------------------------------------------
+// ---- Colours of a line --------------------------------------------------------------
 
-const QColor &DocumentColourer::colourOf(StretchKind kind) const
+ColouredLines::Ranges DocumentColourer::lineRanges(const QTextBlock &block,
+                                                   const std::vector<Piece> &pieces,
+                                                   std::size_t &next, bool *endsInComment) const
 {
-    switch (kind) {
-    case StretchKind::Comment: return m_colours.comment;
-    case StretchKind::Keyword: return m_colours.keyword;
-    case StretchKind::Text: break;
+    const int b0 = block.position();
+    const int textEnd = b0 + block.length() - 1; // the line break's position
+    while (next < pieces.size() && pieces[next].end <= b0)
+        ++next;
+    ColouredLines::Ranges ranges;
+    std::size_t r = next;
+    for (; r < pieces.size() && pieces[r].start < textEnd; ++r) {
+        const Piece &p = pieces[r];
+        // Words of the black list keep the text colour, which the line shows anyway.
+        if (p.kind == StretchKind::Text)
+            continue;
+        const int from = std::max(p.start, b0) - b0;
+        const int to = std::min(p.end, textEnd) - b0;
+        if (to <= from)
+            continue;
+        const QTextCharFormat &format =
+            p.kind == StretchKind::Comment ? m_commentFormat : m_keywordFormat;
+        if (!ranges.isEmpty() && ranges.last().start + ranges.last().length == from &&
+            ranges.last().format == format) {
+            ranges.last().length += to - from;
+            continue;
+        }
+        QTextLayout::FormatRange range;
+        range.start = from;
+        range.length = to - from;
+        range.format = format;
+        ranges.append(range);
     }
-    return m_colours.text;
-}
-
-bool DocumentColourer::sameColour(const QTextFragment &fragment, StretchKind kind,
-                                  bool *plain) const
-{
-    const int index = fragment.charFormatIndex();
-    auto it = m_formatColours.constFind(index);
-    if (it == m_formatColours.constEnd()) {
-        const QTextCharFormat format = fragment.charFormat();
-        const bool coloured = format.hasProperty(QTextFormat::ForegroundBrush);
-        const QRgb colour = coloured ? format.foreground().color().rgba()
-                                     : QRgb(0); // no colour of its own
-        it = m_formatColours.insert(index, colour);
-        m_formatPlain.insert(index, format.properties().size() == (coloured ? 1 : 0));
-    }
-    *plain = m_formatPlain.value(index);
-    // Text without a colour of its own shows in the text colour.
-    if (it.value() == 0)
-        return kind == StretchKind::Text;
-    return it.value() == colourOf(kind).rgba();
+    // The piece that holds the line break tells whether the line ends in a comment.
+    r = next;
+    while (r < pieces.size() && pieces[r].end <= textEnd)
+        ++r;
+    *endsInComment = r < pieces.size() && pieces[r].start <= textEnd &&
+                     pieces[r].kind == StretchKind::Comment;
+    next = r;
+    return ranges;
 }
 
 void DocumentColourer::collectSpellings(const QTextBlock &block, const std::vector<Piece> &pieces,
-                                        std::size_t from,
-                                        std::vector<std::pair<int, QString>> &spellings,
+                                        std::size_t from, Spellings &spellings,
                                         int caretPosition) const
 {
     const int b0 = block.position();
     const int textEnd = b0 + block.length() - 1;
+    while (from < pieces.size() && pieces[from].end <= b0)
+        ++from;
     QString text;
     for (std::size_t i = from; i < pieces.size() && pieces[i].start < textEnd; ++i) {
         const Piece &p = pieces[i];
@@ -499,79 +506,19 @@ void DocumentColourer::collectSpellings(const QTextBlock &block, const std::vect
     }
 }
 
-bool DocumentColourer::diffLine(const QTextBlock &block, const std::vector<Piece> &pieces,
-                                std::size_t &next, std::vector<Change> &changes) const
+void DocumentColourer::writeSpellings(const Spellings &spellings)
 {
-    const int b0 = block.position();
-    const int separator = b0 + block.length() - 1;
-    while (next < pieces.size() && pieces[next].end <= b0)
-        ++next;
-    std::size_t r = next;
-    for (auto it = block.begin(); !it.atEnd(); ++it) {
-        const QTextFragment fragment = it.fragment();
-        if (!fragment.isValid())
-            continue;
-        const int f1 = fragment.position() + fragment.length();
-        int x = fragment.position();
-        while (x < f1) {
-            while (r < pieces.size() && pieces[r].end <= x)
-                ++r;
-            StretchKind want = StretchKind::Text;
-            int segmentEnd = f1;
-            if (r < pieces.size() && pieces[r].start <= x) {
-                want = pieces[r].kind;
-                segmentEnd = std::min(f1, pieces[r].end);
-            } else if (r < pieces.size()) {
-                segmentEnd = std::min(f1, pieces[r].start);
-            }
-            bool plain = false;
-            if (!sameColour(fragment, want, &plain)) {
-                // A change that goes on from the end of the line before takes the line
-                // break with it: a comment over many lines is one change.
-                if (!changes.empty() && changes.back().kind == want &&
-                    (changes.back().end == x || (x == b0 && changes.back().end + 1 == x))) {
-                    changes.back().end = segmentEnd;
-                    changes.back().plain = changes.back().plain && plain;
-                } else {
-                    changes.push_back({x, segmentEnd, want, plain});
-                }
-            }
-            x = segmentEnd;
-        }
-    }
-    if (block.length() == 1 && !changes.empty() && changes.back().end + 1 == b0) {
-        // An empty line inside a change keeps the change in one piece.
-        while (r < pieces.size() && pieces[r].end <= b0)
-            ++r;
-        const StretchKind want = (r < pieces.size() && pieces[r].start <= b0) ? pieces[r].kind
-                                                                               : StretchKind::Text;
-        if (want == changes.back().kind)
-            changes.back().end = b0;
-    }
-    while (r < pieces.size() && pieces[r].end <= separator)
-        ++r;
-    next = r;
-    return r < pieces.size() && pieces[r].start <= separator &&
-           pieces[r].kind == StretchKind::Comment;
-}
-
-std::size_t DocumentColourer::writeChanges(const std::vector<Change> &changes,
-                                           std::size_t from,
-                                           const std::vector<std::pair<int, QString>> &spellings,
-                                           const QElapsedTimer *clock, qint64 budgetNs)
-{
-    if (from >= changes.size() && spellings.empty())
-        return 0;
+    // A respelling would replace the steps that could be redone.
+    if (spellings.empty() || m_doc->isRedoAvailable())
+        return;
     m_applying = true;
-    // Without an undo history the colours are not recorded. With one they become a
-    // step of their own that undo and redo take together with the edit before it.
-    const bool wasEnabled = m_doc->isUndoRedoEnabled();
-    const bool record = wasEnabled && m_doc->isUndoAvailable();
-    const int stepsBefore = m_doc->availableUndoSteps();
-    if (!record && wasEnabled) {
+    // Without a history the respelling is not recorded (a text just loaded); with
+    // one it joins the edit before it.
+    const bool enabled = m_doc->isUndoRedoEnabled();
+    const bool record = enabled && m_doc->isUndoAvailable();
+    if (enabled && !record)
         m_doc->setUndoRedoEnabled(false);
-        forgetUndoSteps();
-    }
+    const int stepsBefore = m_doc->availableUndoSteps();
     QTextCursor cursor(m_doc);
     cursor.beginEditBlock();
     for (const auto &[position, spelling] : spellings) {
@@ -582,65 +529,30 @@ std::size_t DocumentColourer::writeChanges(const std::vector<Change> &changes,
         cursor.setPosition(position + int(spelling.size()), QTextCursor::KeepAnchor);
         cursor.insertText(spelling, format);
     }
-    QTextCharFormat format;
-    std::size_t i = from;
-    while (i < changes.size()) {
-        const Change &change = changes[i++];
-        format.setForeground(colourOf(change.kind));
-        cursor.setPosition(change.start);
-        cursor.setPosition(change.end, QTextCursor::KeepAnchor);
-        // Text that holds nothing but a colour takes the new format whole, which is
-        // much cheaper than merging it into every piece.
-        if (change.plain)
-            cursor.setCharFormat(format);
-        else
-            cursor.mergeCharFormat(format);
-        if (clock && (i & 15) == 0 && clock->nsecsElapsed() >= budgetNs)
-            break;
-    }
     cursor.endEditBlock();
-    if (!record && wasEnabled)
+    if (enabled && !record) {
         m_doc->setUndoRedoEnabled(true);
-    // The history counts commands: every command of this step is the colourer's.
-    for (int step = stepsBefore + 1; record && step <= m_doc->availableUndoSteps(); ++step)
-        m_ownSteps.insert(step);
-    m_knownTop = m_doc->availableUndoSteps();
+        m_respellings.forget();
+    }
+    if (record)
+        m_respellings.recordSince(stepsBefore);
     m_applying = false;
-    return i - from;
 }
 
 // ---- Undo and redo ----------------------------------------------------------------------
 
-void DocumentColourer::forgetUndoSteps()
-{
-    m_ownSteps.clear();
-    m_knownTop = m_doc->availableUndoSteps();
-}
-
-bool DocumentColourer::ownStepOnTop() const
-{
-    const int top = m_doc->availableUndoSteps();
-    return top > 0 && m_ownSteps.count(top);
-}
-
 void DocumentColourer::undo()
 {
-    // The colours of an edit are undone with it: first the colouring steps on top,
-    // then the edit, then the colouring steps of the edit before.
-    while (ownStepOnTop())
-        m_doc->undo();
-    m_doc->undo();
-    while (ownStepOnTop())
-        m_doc->undo();
-    m_knownTop = m_doc->availableUndoSteps();
+    m_undoing = true;
+    m_respellings.undo();
+    m_undoing = false;
 }
 
 void DocumentColourer::redo()
 {
-    m_doc->redo();
-    while (m_doc->availableRedoSteps() > 0 && m_ownSteps.count(m_doc->availableUndoSteps() + 1))
-        m_doc->redo();
-    m_knownTop = m_doc->availableUndoSteps();
+    m_undoing = true;
+    m_respellings.redo();
+    m_undoing = false;
 }
 
 } // namespace tessaro

@@ -1,6 +1,7 @@
 #include "editor/core/ModeWordLists.h"
 
 #include "platform/core/ErrorTraps.h"
+#include "platform/core/EventLog.h"
 #include "platform/core/TextFile.h"
 
 namespace tessaro {
@@ -38,7 +39,10 @@ int modeForFileName(const QString &fileName)
 QString readWordList(const QString &folder, const QString &fileName)
 {
     QString list;
-    trapped([&] { list = textfile::read(folder + QLatin1Char('/') + fileName); });
+    const QString path = folder + QLatin1Char('/') + fileName;
+    const bool found = trapped([&] { list = textfile::read(path); });
+    // Lets a test see which program folder an installed program reads its lists from.
+    logEvent((found ? QStringLiteral("word list ") : QStringLiteral("no word list ")) + path);
     return list;
 }
 

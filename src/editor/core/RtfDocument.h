@@ -43,4 +43,7 @@ QString writeRtf(const QString &text, const std::vector<RtfColourRun> &runs = {}
 // picks a colour of the table. Malformed input never fails: what can be read is read.
 RtfDocument readRtf(QStringView rtf);
 
+// Whether a file's text is rich text (it starts with "{\rtf").
+bool isRichText(QStringView text);
+
 } // namespace tessaro

@@ -362,4 +362,6 @@ RtfDocument readRtf(QStringView rtf)
     return RtfReader(rtf).read();
 }
 
+bool isRichText(QStringView text) { return text.startsWith(u"{\\rtf"); }
+
 } // namespace tessaro

@@ -1,10 +1,12 @@
 #include "editor/ui/srcText.h"
 
-#include "editor/core/PropertyColour.h"
+#include "editor/core/ColouredLines.h"
 #include "editor/core/DocumentColourer.h"
+#include "editor/core/PropertyColour.h"
 #include "editor/core/EditorPositions.h"
 #include "editor/core/ModeWordLists.h"
 #include "editor/core/PropertyBag.h"
+#include "editor/core/RtfDocument.h"
 #include "editor/ui/SourceEditBox.h"
 #include "platform/core/AppInfo.h"
 #include "platform/core/MsgBox.h"
@@ -71,12 +73,12 @@ srcText::srcText(QWidget *parent) : QWidget(parent)
         m_tempCursor.setPosition(0);
         Q_EMIT ProgressComplete();
     });
-    connect(m_colouring.get(), &DocumentColourer::largeChange, this, [this] {
+    connect(m_colouring.get(), &DocumentColourer::largeChange, this, [this](bool respell) {
         // A change too large for the typing path is coloured by a run of its own,
         // which stays as quiet as the typing path.
         const bool fromKeys = m_colouringFromKeys;
         m_colouringFromKeys = !m_colouringFromPaste;
-        startRun(false);
+        startRun(false, respell);
         m_colouringFromKeys = fromKeys;
     });
 
@@ -183,24 +185,29 @@ void srcText::WriteProperties(PropertyBag &PropBag) const
 
 // ---- Files -------------------------------------------------------------------------------
 
-QString srcText::loadPlainFile(const QString &strFileName, int FileType)
+RtfDocument srcText::readFile(const QString &strFileName, int FileType)
 {
-    Q_UNUSED(FileType);
-    return textfile::read(strFileName);
+    QString text = textfile::read(strFileName);
+    // Rich text is read through the reader, text and colours; anything else, and
+    // every file of type 1, is plain text.
+    if (FileType == 0 && isRichText(text))
+        return readRtf(text);
+    return {std::move(text), {}};
 }
 
 bool srcText::LoadFile(const QString &strFileName, int FileType)
 {
-    QString text;
+    RtfDocument file;
     try {
-        text = loadPlainFile(strFileName, FileType);
+        file = readFile(strFileName, FileType);
     } catch (const RuntimeError &error) {
         // The control reports its own errors, then lets the caller's command end.
         MsgBox(error.description() + QStringLiteral("\n\n") + strFileName, mb::Exclamation);
         throw;
     }
-    const LineEnds lineEnds = scanLineEnds(text);
-    setDocumentText(text, &lineEnds);
+    const LineEnds lineEnds = scanLineEnds(file.text);
+    setDocumentText(file.text, &lineEnds);
+    applyColourRuns(file.runs);
     setMode(modeForFileName(strFileName));
     if (m_mode == mode::C)
         ColourDocument();
@@ -225,7 +232,7 @@ void srcText::setDocumentText(const QString &text, const LineEnds *lineEnds)
             // byte for byte.
             QTextBlock block = doc->begin();
             for (LineEnd end : lineEnds->breaks) {
-                DocumentColourer::setLineState(block, int(end), false);
+                ColouredLines::setLineEnd(block, int(end));
                 block = block.next();
             }
         }
@@ -258,7 +265,7 @@ QString srcText::fileText() const
     const QString usual = lineEndText(m_usualLineEnd);
     for (QTextBlock block = doc->begin(); block.isValid(); block = block.next()) {
         if (block != doc->begin()) {
-            const int end = DocumentColourer::lineEndBits(block.previous());
+            const int end = ColouredLines::lineEndBits(block.previous());
             text += end == 0 ? usual : lineEndText(LineEnd(end));
         }
         text += block.text();
@@ -523,12 +530,15 @@ bool srcText::CanCopy() const { return m_rtfMain->textCursor().hasSelection(); }
 void srcText::Undo()
 {
     m_colouring->undo();
+    // The lines come back coloured at once, as after a key.
+    flushTyping();
     m_rtfMain->ensureCursorVisible();
 }
 
 void srcText::Redo()
 {
     m_colouring->redo();
+    flushTyping();
     m_rtfMain->ensureCursorVisible();
 }
 
@@ -650,6 +660,11 @@ void srcText::SelPrint(QPagedPaintDevice *lHDC)
     QTextDocument printed;
     printed.setDefaultFont(font());
     QTextCursor(&printed).insertFragment(fragment);
+    // The colours are the lines' own, not the text's: the printed copy gets them as
+    // formats of its text.
+    printColours(printed, cursor.hasSelection() ? cursor.selectionStart() : 0,
+                 cursor.hasSelection() ? cursor.selectionEnd()
+                                       : m_rtfMain->document()->characterCount() - 1);
     printed.print(lHDC);
 }
 

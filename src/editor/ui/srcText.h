@@ -8,6 +8,7 @@
 #include <QWidget>
 
 #include <memory>
+#include <vector>
 
 class QPagedPaintDevice;
 class QPlainTextEdit;
@@ -16,6 +17,8 @@ class QTimer;
 
 namespace tessaro {
 
+struct RtfColourRun;
+struct RtfDocument;
 class PropertyBag;
 class SourceEditBox;
 class DocumentColourer;
@@ -94,12 +97,13 @@ public:
     Q_INVOKABLE void ColorizeWordsHTML();
     bool CancelColour() const;
     void setCancelColour(bool New_CancelColour);
-    // True while a colouring run is under way.
+    // True while a colouring run is under way or changed lines wait to be coloured.
     bool isColouring() const;
 
     // ---- Files ---------------------------------------------------------------------
-    // Loads the file as 8-bit text (FileType 1; 0 reads rich text when the file is
-    // rich text and plain text otherwise), keeping its line breaks for SaveFile.
+    // Loads the file as 8-bit text (FileType 1; 0 reads a rich-text file through the
+    // rich-text reader, text and colours, and any other file as plain text), keeping
+    // its line breaks for SaveFile.
     // Names ending in ".c", ".h" or ".cpp" set Mode 6 and are coloured at once, any
     // other name sets Mode 9. Raises FileLoaded. A file that cannot be read is
     // reported in a message box and the run-time error is raised again to the
@@ -175,6 +179,10 @@ public:
     void setTextRTF(const QString &New_TextRTF);
     QString SelRTF() const;
     void setSelRTF(const QString &New_SelRTF);
+    // Gives the text the colours of a rich text made from TextRTF by a colourer (the
+    // section-file line colourer), whose text may hold extra blanks or lack a few
+    // characters: the text, its line breaks and its undo history stay as they are.
+    Q_INVOKABLE void ColourFromRTF(const QString &strRTF);
     QFont Font() const { return font(); }
     void setFontProperty(const QFont &New_Font);
     bool Border() const { return m_border; }
@@ -307,11 +315,14 @@ private:
     void emitScrollIfMoved();
     void afterKey();
     void flushTyping();
-    void startRun(bool html);
+    void startRun(bool html, bool respell);
     void loadWordLists(int mode);
     void updateColours();
     void updateMarks();
-    QString loadPlainFile(const QString &strFileName, int FileType);
+    RtfDocument readFile(const QString &strFileName, int FileType);
+    void printColours(QTextDocument &printed, int from, int to) const;
+    // Gives the whole text the colours of the runs (positions of Text).
+    void applyColourRuns(const std::vector<RtfColourRun> &runs);
     void setDocumentText(const QString &text, const LineEnds *lineEnds);
 
     SourceEditBox *m_rtfMain = nullptr;

@@ -36,17 +36,17 @@ void srcText::setWordLists(const QString &black, const QString &blue)
     m_colouring->setRequest(request);
 }
 
-void srcText::ColourDocument() { startRun(false); }
+void srcText::ColourDocument() { startRun(false, true); }
 
-void srcText::ColorizeWordsHTML() { startRun(true); }
+void srcText::ColorizeWordsHTML() { startRun(true, true); }
 
-void srcText::startRun(bool html)
+void srcText::startRun(bool html, bool respell)
 {
     ScanRequest request = m_colouring->request();
     request.ignoreVBHeader = m_ignoreVBHeader;
     m_colouring->setRequest(request);
     m_rtfTemp->setDefaultFont(font());
-    m_colouring->start(html, m_colouringFromKeys || m_colouringFromPaste);
+    m_colouring->start(html, m_colouringFromKeys || m_colouringFromPaste, respell);
 }
 
 bool srcText::CancelColour() const { return m_colouring->cancelPending(); }
@@ -57,6 +57,9 @@ void srcText::setCancelColour(bool New_CancelColour)
         m_colouring->cancel();
 }
 
-bool srcText::isColouring() const { return m_colouring->isRunning(); }
+bool srcText::isColouring() const
+{
+    return m_colouring->isRunning() || m_colouring->hasWaitingLines();
+}
 
 } // namespace tessaro

@@ -2,11 +2,12 @@
 // key handling of rtfMain, marks and the caret memory.
 
 #include "editor/core/BlockEdit.h"
-#include "editor/core/PropertyColour.h"
 #include "editor/core/ColourScan.h"
+#include "editor/core/ColouredLines.h"
 #include "editor/core/DocumentColourer.h"
 #include "editor/core/EditorPositions.h"
 #include "editor/core/KeyCodes.h"
+#include "editor/core/PropertyColour.h"
 #include "editor/ui/SourceEditBox.h"
 #include "editor/ui/srcText.h"
 
@@ -75,13 +76,11 @@ void srcText::rewriteBlock(const QString &marker, bool add)
 
     QTextCursor cursor(doc);
     cursor.beginEditBlock();
-    QTextCharFormat plain;
-    plain.setForeground(propertycolour::toColor(m_colourText, palette()));
     for (QTextBlock block = first; block.isValid() && block.blockNumber() <= lastLine;
          block = block.next()) {
         if (add) {
             cursor.setPosition(block.position());
-            cursor.insertText(marker, plain);
+            cursor.insertText(marker);
         } else {
             const blockedit::Removal removal = blockedit::markerRemoval(block.text(), marker);
             if (removal.offset >= 0) {
@@ -92,26 +91,30 @@ void srcText::rewriteBlock(const QString &marker, bool add)
             }
         }
     }
+    cursor.endEditBlock();
     const QTextBlock lastBlock = doc->findBlockByNumber(lastLine);
     const int start = doc->findBlockByNumber(firstLine).position();
     const int end = lastBlock.position() + lastBlock.length() - 1;
     const bool commenting = add && marker == commentMarkerForBlock();
     if (commenting && m_mode != mode::Html && DocumentColourer::modeColours(m_mode, false)) {
         // The commented block shows as a comment at once, without a colouring run.
-        QTextCharFormat comment;
-        comment.setForeground(propertycolour::toColor(m_colourComment, palette()));
-        cursor.setPosition(start);
-        cursor.setPosition(end, QTextCursor::KeepAnchor);
-        cursor.mergeCharFormat(comment);
+        QTextLayout::FormatRange comment;
+        comment.format.setForeground(propertycolour::toColor(m_colourComment, palette()));
+        ColouredLines lines(doc);
+        for (QTextBlock block = doc->findBlockByNumber(firstLine);
+             block.isValid() && block.blockNumber() <= lastLine; block = block.next()) {
+            comment.start = 0;
+            comment.length = block.length() - 1;
+            lines.setColours(block, comment.length > 0 ? ColouredLines::Ranges{comment}
+                                                       : ColouredLines::Ranges{});
+        }
     }
-    cursor.endEditBlock();
 
     QTextCursor selected(doc);
     selected.setPosition(start);
     selected.setPosition(end, QTextCursor::KeepAnchor);
     m_rtfMain->setTextCursor(selected);
     m_busy = false;
-    // The re-colouring joins the rewrite's undo step.
     flushTyping();
 
     m_rtfMain->setUpdatesEnabled(true);
@@ -136,7 +139,10 @@ void srcText::InsertBlock(const QString &strCode, bool bReplaceSelection, bool b
     cursor.beginEditBlock();
     cursor.insertText(code);
     cursor.endEditBlock();
-    m_rtfMain->setTextCursor(cursor);
+    // A kept selection moves with its text; a replaced one leaves the caret after
+    // the block.
+    if (bReplaceSelection)
+        m_rtfMain->setTextCursor(cursor);
     flushTyping();
 }
 

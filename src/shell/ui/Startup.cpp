@@ -9,6 +9,7 @@
 #include "shell/core/HandOver.h"
 #include "shell/core/InstanceLock.h"
 #include "shell/core/InstanceServer.h"
+#include "shell/ui/ApplicationIcon.h"
 #include "shell/ui/frmMain.h"
 #include "shell/ui/frmSplash.h"
 #include "workspace/ui/DocumentRecovery.h"
@@ -80,6 +81,7 @@ int Main(int argc, char **argv)
     QApplication application(argc, argv);
     QApplication::setApplicationName(appTitle());
     QApplication::setOrganizationName(appTitle());
+    installApplicationIcon();
     // The splash closes before the main window is shown; the program ends when the
     // main window's Unload says so.
     QApplication::setQuitOnLastWindowClosed(false);

@@ -1,4 +1,5 @@
 #include "tools/core/DesktopAssociation.h"
+#include "tools/core/InstalledDesktopEntry.h"
 
 #include "platform/core/ErrorTraps.h"
 #include "platform/core/TextFile.h"
@@ -85,17 +86,13 @@ QString DesktopAssociation::execQuoted(const QString &programPath)
 
 QByteArray DesktopAssociation::desktopEntry(const QString &programPath)
 {
-    QString text = QStringLiteral("[Desktop Entry]\n"
-                                  "Type=Application\n"
-                                  "Name=Tessaro\n"
-                                  "GenericName=Mod Development Environment\n"
-                                  "Comment=Write and build Quake III Arena mods in C\n");
-    text += QStringLiteral("Exec=") + execQuoted(programPath) + QStringLiteral(" %f\n");
-    text +=
-        QStringLiteral("MimeType=") + mimeTypes().join(QLatin1Char(';')) + QStringLiteral(";\n");
-    text += QStringLiteral("Terminal=false\n"
-                           "Categories=Development;IDE;\n");
-    return text.toUtf8();
+    // The installed entry starts the program found on PATH; this one names the
+    // running program by its full path.
+    QList<QByteArray> lines = QByteArray(kInstalledDesktopEntry).split('\n');
+    for (QByteArray &line : lines)
+        if (line.startsWith("Exec="))
+            line = "Exec=" + execQuoted(programPath).toUtf8() + " %f";
+    return lines.join('\n');
 }
 
 QByteArray DesktopAssociation::withDefaults(const QByteArray &mimeApps)

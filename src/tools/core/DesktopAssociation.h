@@ -28,7 +28,8 @@ public:
 
     static QString desktopId() { return QStringLiteral("tessaro.desktop"); }
     static QStringList mimeTypes();
-    // The desktop entry's text for the program.
+    // The desktop entry's text for the program: the installed entry (name, icon,
+    // types, categories) with the program's full path in the Exec key.
     static QByteArray desktopEntry(const QString &programPath);
     // The Exec key's program argument, quoted and escaped for a desktop entry.
     static QString execQuoted(const QString &programPath);

@@ -91,7 +91,7 @@ private:
 void frmDocument::switchToCColouring(const QString &sectionFile)
 {
     WindowCaption window(*this);
-    m_code->setTextRTF(
+    m_code->ColourFromRTF(
         dynHighlight().colourWithSectionFile(window, sectionFile, m_code->TextRTF()));
     ccode = true;
 }

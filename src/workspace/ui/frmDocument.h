@@ -46,8 +46,9 @@ Q_SIGNALS:
 
 public:
     // Shows the text with C colouring through the section-file line colourer: the
-    // document's RTF is coloured line by line and takes the colourer's result, text
-    // and colours, as the box takes new rich text.
+    // document's RTF is coloured line by line and the text takes the result's
+    // colours. The text itself, its line breaks and its undo history stay as they
+    // are, and the document is not marked changed.
     void switchToCColouring(const QString &sectionFile);
 
 protected:

@@ -7,6 +7,40 @@
 using namespace tessaro;
 
 namespace {
+
+// The first control word in a line of RTF that ends at a blank ("\\cf1 x"), or an
+// empty text when every control word ends some other way.
+QString controlWordEndingAtABlank(const QString &line)
+{
+    for (qsizetype i = 0; i < line.size(); ++i) {
+        if (line.at(i) != u'\\' || i + 1 >= line.size())
+            continue;
+        const QChar next = line.at(i + 1);
+        if (!next.isLetter()) {
+            i += next == u'\'' ? 3 : 1; // a control symbol: \\, \{, \}, \'hh
+            continue;
+        }
+        qsizetype j = i + 1;
+        while (j < line.size() && line.at(j).isLetter())
+            ++j;
+        if (j < line.size() && line.at(j) == u'-')
+            ++j;
+        while (j < line.size() && line.at(j).isDigit())
+            ++j;
+        if (j < line.size() && line.at(j) == u' ')
+            return line.mid(i, j - i + 1);
+        i = j - 1;
+    }
+    return QString();
+}
+
+// The paragraph lines of written RTF (everything after the colour-table line).
+QStringList paragraphLines(const QString &rtf)
+{
+    QStringList lines = rtf.split(QStringLiteral("\r\n"));
+    return lines.mid(2);
+}
+
 const QString kHeader =
     QStringLiteral("{\\rtf1\\ansi\\ansicpg1252\\deff0\\deflang1033"
                    "{\\fonttbl{\\f0\\fmodern\\fprq1\\fcharset0 Courier New;}}\r\n");
@@ -32,13 +66,70 @@ private Q_SLOTS:
     void specialCharactersAreEscaped()
     {
         QVERIFY(writeRtf("{\\}\t\u00e9\u20ac\x01")
-                    .endsWith(kParagraph + "\\{\\\\\\}\\tab \\'e9\\u8364?\\'01\\par\r\n}"));
+                    .endsWith(kParagraph + "\\{\\\\\\}\\tab\\'e9\\u8364?\\'01\\par\r\n}"));
     }
     void colourRunsBecomeSwitchesAndATable()
     {
         const QString rtf = writeRtf("int x", {{0, 3, 0x7F0000}, {4, 1, 0x8000}});
         QVERIFY(rtf.contains("{\\colortbl ;\\red0\\green0\\blue127;\\red0\\green128\\blue0;}"));
-        QVERIFY(rtf.endsWith(kParagraph + "\\cf1 int\\cf0  \\cf2 x\\par\r\n}"));
+        QVERIFY(rtf.endsWith(kParagraph + "\\cf1int\\cf0{} \\cf2x\\par\r\n}"));
+    }
+    void noControlWordEndsAtABlankInsideALine()
+    {
+        // Switches and tabs before blanks, digits, letters and hyphens: a tool that
+        // cuts lines at blanks must see only the text's own blanks.
+        const QString text = "\t x\t9\tint\t-1\t\t{a}\r\n  x = \"a  b\";\r\n1 2";
+        const std::vector<RtfColourRun> runs{{1, 2, 0xFF}, {3, 1, 0x8000}, {5, 3, 0xFF},
+                                             {16, 1, 0x8000}, {19, 4, 0xFF}, {34, 1, 0xFF}};
+        const QString rtf = writeRtf(text, runs);
+        for (const QString &line : paragraphLines(rtf))
+            QVERIFY2(controlWordEndingAtABlank(line).isEmpty(), qPrintable(line));
+        const RtfDocument doc = readRtf(rtf);
+        QCOMPARE(doc.text, text);
+        QCOMPARE(doc.runs, runs);
+    }
+    void randomTextsWithColoursReadBackExactly()
+    {
+        QRandomGenerator random(1807);
+        const QString alphabet = QStringLiteral("  \t\tab-09 {}\\;\"/*x") + QChar(0xe9) +
+                                 QChar(0x20ac);
+        for (int round = 0; round < 500; ++round) {
+            QString text;
+            const int length = random.bounded(120);
+            for (int i = 0; i < length; ++i)
+                text += random.bounded(12) == 0 ? QStringLiteral("\r\n")
+                                                : QString(alphabet.at(random.bounded(
+                                                      int(alphabet.size()))));
+            // Runs of random colours that stop at every line break, as the editor's do.
+            std::vector<RtfColourRun> runs;
+            for (qsizetype at = 0; at < text.size();) {
+                const qsizetype length = 1 + random.bounded(6);
+                qsizetype end = std::min(text.size(), at + length);
+                const qsizetype lineBreak = text.indexOf(u'\r', at);
+                if (lineBreak >= 0 && lineBreak < end)
+                    end = lineBreak;
+                if (end > at && random.bounded(2))
+                    runs.push_back({at, end - at, ColourValue(random.bounded(4) * 0x3F00)});
+                at = std::max(end, at + 1);
+                while (at < text.size() && (text.at(at) == u'\r' || text.at(at) == u'\n'))
+                    ++at;
+            }
+            // Neighbouring runs of one colour read back as one.
+            std::vector<RtfColourRun> merged;
+            for (const RtfColourRun &run : runs) {
+                if (!merged.empty() && merged.back().colour == run.colour &&
+                    merged.back().start + merged.back().length == run.start)
+                    merged.back().length += run.length;
+                else
+                    merged.push_back(run);
+            }
+            const QString rtf = writeRtf(text, merged);
+            for (const QString &line : paragraphLines(rtf))
+                QVERIFY2(controlWordEndingAtABlank(line).isEmpty(), qPrintable(line));
+            const RtfDocument doc = readRtf(rtf);
+            QCOMPARE(doc.text, text);
+            QCOMPARE(doc.runs, merged);
+        }
     }
     void writtenTextReadsBackExactly()
     {

@@ -307,7 +307,7 @@ private Q_SLOTS:
         c.applyMode(6, bin);
         for (const char *word : {"int", "while", "vec3_t", "qboolean", "gentity_t", "typedef"})
             QVERIFY2(c.blue.find(QString(word)), word);
-        QVERIFY(c.black.find(QString("null")));
+        QVERIFY(c.black.find(QString("qtrue")));
         for (int m : {0, 2, 3, 4, 5}) {
             EditorWordLists lists;
             lists.applyMode(m, bin);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "editor/core/ColouredLines.h"
 #include "editor/core/EditorPositions.h"
 #include "editor/ui/srcText.h"
 
@@ -10,17 +11,14 @@
 
 namespace tessaro::test {
 
-// The foreground colour of the character at a public position of the control.
+// The colour the character at a public position of the control shows in.
 inline QColor colourAt(const srcText &code, qsizetype publicPos)
 {
     QTextDocument *doc = code.RTFBox()->document();
-    QTextCursor cursor(doc);
-    cursor.setPosition(positions::toDocument(*doc, publicPos) + 1);
-    const QTextCharFormat format = cursor.charFormat();
-    // Text without a colour of its own shows in the box's text colour.
-    return format.hasProperty(QTextFormat::ForegroundBrush)
-               ? format.foreground().color()
-               : code.RTFBox()->palette().color(QPalette::Text);
+    const int position = positions::toDocument(*doc, publicPos);
+    const QTextBlock block = doc->findBlock(position);
+    return ColouredLines::shownColour(block, position - block.position(),
+                                      code.RTFBox()->palette().color(QPalette::Text));
 }
 
 // The foreground colour of the first character of a word of the text.

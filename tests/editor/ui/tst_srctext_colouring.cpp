@@ -4,6 +4,8 @@
 #include "support/TestSupport.h"
 
 #include <QApplication>
+#include <QClipboard>
+#include <QRandomGenerator>
 #include <QSignalSpy>
 #include <QTimer>
 
@@ -35,7 +37,42 @@ private:
             text += QStringLiteral("int v%1 = value; /* note */ while (x) {}\n").arg(i);
         return text;
     }
-    static void type(srcText &code, const QString &text) { QTest::keyClicks(code.RTFBox(), text); }
+    // Types text; a line break is the Enter key.
+    static void type(srcText &code, const QString &text)
+    {
+        const QStringList lines = text.split(u'\n');
+        for (qsizetype i = 0; i < lines.size(); ++i) {
+            if (i > 0)
+                QTest::keyClick(code.RTFBox(), Qt::Key_Return);
+            QTest::keyClicks(code.RTFBox(), lines.at(i));
+        }
+    }
+    // Serves the event loop until nothing waits to be coloured.
+    static void settle(srcText &code)
+    {
+        QApplication::processEvents();
+        while (code.isColouring())
+            QApplication::processEvents(QEventLoop::AllEvents, 20);
+    }
+    // Every character shows the colour that the typing path gives it when it colours
+    // the whole text at once (a new control given the same text).
+    static void verifyTypingPathColours(const srcText &code)
+    {
+        srcText fresh;
+        prepare(fresh, code.Text());
+        settle(fresh);
+        const QString text = code.Text();
+        for (qsizetype i = 0; i < text.size(); ++i) {
+            if (text.at(i) == u'\r' || text.at(i) == u'\n')
+                continue;
+            if (colourAt(code, i) != colourAt(fresh, i)) {
+                QFAIL(qPrintable(QStringLiteral("position %1 of \"%2\": %3, not %4")
+                                     .arg(i)
+                                     .arg(text)
+                                     .arg(colourAt(code, i).name(), colourAt(fresh, i).name())));
+            }
+        }
+    }
 
 private Q_SLOTS:
     // ---- The scanners seen through the control ----------------------------------------
@@ -178,14 +215,23 @@ private Q_SLOTS:
         QList<int> percents;
         connect(&code, &srcText::ProgressChange, this, [&](int percent) { percents << percent; });
         QSignalSpy complete(&code, &srcText::ProgressComplete);
+        // An edit every 20 ms makes the run start over each time, so it lasts as long
+        // as the edits go on, however fast the machine is.
+        QTimer edits;
+        connect(&edits, &QTimer::timeout, this, [&] { code.Append(QStringLiteral("x")); });
         QElapsedTimer clock;
         clock.start();
         code.ColourDocument();
+        edits.start(20);
+        while (clock.elapsed() < 3500)
+            QApplication::processEvents(QEventLoop::AllEvents, 50);
+        QVERIFY(code.isColouring());
+        QCOMPARE(complete.count(), 0);
+        edits.stop();
         QVERIFY(complete.wait(120000));
         const qint64 seconds = clock.elapsed() / 1000;
-        QVERIFY2(percents.size() <= seconds + 1, qPrintable(QString::number(percents.size())));
-        if (seconds >= 2)
-            QVERIFY(!percents.isEmpty());
+        QVERIFY2(percents.size() >= 2 && percents.size() <= seconds + 1,
+                 qPrintable(QStringLiteral("%1 reports in %2 s").arg(percents.size()).arg(seconds)));
         for (int p : percents)
             QVERIFY(p >= 0 && p <= 100);
     }
@@ -316,27 +362,178 @@ private Q_SLOTS:
         code.SetSelection(0, 0);
         type(code, QStringLiteral("/*"));
         QCOMPARE(colourOf(code, QStringLiteral("int b")), commentColour);
-        // Every undo takes text back (the colours never make a step of their own),
-        // and the colours come back with the text.
+        // Undo takes the typed text back (colours never make a step of their own), and
+        // the colours come back with the text.
         code.Undo();
-        QApplication::processEvents();
-        if (code.Text() == QStringLiteral("/int a;\r\nint b;")) {
-            QCOMPARE(colourOf(code, QStringLiteral("int b")), keywordColour);
-            code.Undo();
-            QApplication::processEvents();
-        }
+        settle(code);
         QCOMPARE(code.Text(), QStringLiteral("int a;\r\nint b;"));
         QCOMPARE(colourOf(code, QStringLiteral("int b")), keywordColour);
         QVERIFY(!code.RTFBox()->document()->isUndoAvailable());
         code.Redo();
-        QApplication::processEvents();
-        if (code.Text() == QStringLiteral("/int a;\r\nint b;"))
-            code.Redo();
-        QApplication::processEvents();
+        settle(code);
         QCOMPARE(code.Text(), QStringLiteral("/*int a;\r\nint b;"));
         QCOMPARE(colourOf(code, QStringLiteral("int b")), commentColour);
         QVERIFY(!code.RTFBox()->document()->isRedoAvailable());
     }
+    void redoGivesBackWhatUndoTook()
+    {
+        srcText code;
+        prepare(code, QString());
+        type(code, QStringLiteral("int x = 1;"));
+        code.Undo();
+        settle(code);
+        QCOMPARE(code.Text(), QString());
+        QVERIFY(code.RTFBox()->document()->isRedoAvailable());
+        code.Redo();
+        settle(code);
+        QCOMPARE(code.Text(), QStringLiteral("int x = 1;"));
+        QCOMPARE(colourOf(code, QStringLiteral("int")), keywordColour);
+        // Three edits, three Undos, three Redos: nothing is lost on the way.
+        type(code, QStringLiteral("\n/* c */"));
+        code.SetSelection(0, 0);
+        type(code, QStringLiteral("while "));
+        const QString all = code.Text();
+        for (int i = 0; i < 3; ++i) {
+            code.Undo();
+            settle(code);
+        }
+        for (int i = 0; i < 3; ++i) {
+            QVERIFY(code.RTFBox()->document()->isRedoAvailable());
+            code.Redo();
+            settle(code);
+        }
+        QCOMPARE(code.Text(), all);
+        QCOMPARE(colourOf(code, QStringLiteral("c */")), commentColour);
+        QCOMPARE(colourOf(code, QStringLiteral("while")), keywordColour);
+    }
+    void aRespellingGoesWithTheEditBeforeIt()
+    {
+        srcText code;
+        prepare(code, QString());
+        type(code, QStringLiteral("null "));
+        QCOMPARE(code.Text(), QStringLiteral("NULL "));
+        code.Undo();
+        settle(code);
+        QCOMPARE(code.Text(), QString());
+        code.Redo();
+        settle(code);
+        QCOMPARE(code.Text(), QStringLiteral("NULL "));
+        QVERIFY(!code.RTFBox()->document()->isRedoAvailable());
+    }
+    void undoAndRedoNeverRespell()
+    {
+        srcText code;
+        prepare(code, QString());
+        // The caret stays at the inserted word's end: it keeps its letters.
+        code.InsertBlock(QStringLiteral("x\r\nnull"), true, false);
+        QCOMPARE(code.Text(), QStringLiteral("x\r\nnull"));
+        type(code, QStringLiteral(" "));
+        QCOMPARE(code.Text(), QStringLiteral("x\r\nNULL "));
+        code.SetSelection(0, 0);
+        code.Undo();
+        // The text is as it was before the edit, and stays so: re-colouring after Undo
+        // changes no letter and leaves the step to redo.
+        QCOMPARE(code.Text(), QStringLiteral("x\r\nnull"));
+        settle(code);
+        QCOMPARE(code.Text(), QStringLiteral("x\r\nnull"));
+        QVERIFY(code.RTFBox()->document()->isRedoAvailable());
+        code.Redo();
+        settle(code);
+        QCOMPARE(code.Text(), QStringLiteral("x\r\nNULL "));
+    }
+    void colourChangesTakeNoUndoSteps()
+    {
+        srcText code;
+        QString text;
+        for (int i = 0; i < 3000; ++i)
+            text += QStringLiteral("\tint v%1 = 1; // note while\n").arg(i);
+        prepare(code, text);
+        settle(code);
+        QTextDocument *doc = code.RTFBox()->document();
+        QCOMPARE(doc->availableUndoSteps(), 0);
+        code.SetSelection(0, 0);
+        type(code, QStringLiteral("/*"));
+        settle(code);
+        QCOMPARE(colourOf(code, QStringLiteral("int v2999")), commentColour);
+        // The history holds the two typed characters, not the colours of 3000 lines.
+        QVERIFY2(doc->availableUndoSteps() <= 2, qPrintable(QString::number(doc->availableUndoSteps())));
+        type(code, QStringLiteral("\b\b"));
+        settle(code);
+        QCOMPARE(colourOf(code, QStringLiteral("int v2999")), keywordColour);
+        QVERIFY2(doc->availableUndoSteps() <= 4, qPrintable(QString::number(doc->availableUndoSteps())));
+        code.Undo();
+        settle(code);
+        QCOMPARE(colourOf(code, QStringLiteral("int v2999")), commentColour);
+        QVERIFY(doc->isRedoAvailable());
+    }
+
+    // ---- Undo and Redo, at random -----------------------------------------------------
+    // Random edits of every kind, then k Undos and k Redos: the text is what it was,
+    // and the colours are always those the typing path gives the whole text.
+    void undoAndRedoRestoreTheTextAndItsColours()
+    {
+        QRandomGenerator random(20240611);
+        const QStringList snippets = {"/*", "*/", "//", "\"", "int ", "while ", "null ",
+                                      "\n", "x", " ", "\t", "return 0;", "a/b "};
+        for (int round = 0; round < 12; ++round) {
+            srcText code;
+            prepare(code, QStringLiteral("int a;\n/* b */ while (x)\n\treturn null;\n"));
+            for (int op = 0; op < 14; ++op) {
+                const qsizetype length = code.CharacterCount();
+                const qsizetype at = random.bounded(int(length + 1));
+                switch (random.bounded(7)) {
+                case 0:
+                case 1:
+                    code.SetSelection(at, at);
+                    type(code, snippets.at(random.bounded(int(snippets.size()))));
+                    break;
+                case 2: {
+                    const qsizetype to = std::min(length, at + random.bounded(8));
+                    code.SetSelection(at, to);
+                    QTest::keyClick(code.RTFBox(),
+                                    random.bounded(2) ? Qt::Key_Delete : Qt::Key_Backspace);
+                    break;
+                }
+                case 3:
+                    QGuiApplication::clipboard()->setText(
+                        snippets.at(random.bounded(int(snippets.size()))) + QStringLiteral("\n*/ int"));
+                    code.SetSelection(at, at);
+                    code.Paste();
+                    break;
+                case 4: {
+                    code.SetSelection(at, std::min(length, at + random.bounded(30)));
+                    switch (random.bounded(4)) {
+                    case 0: code.CommentBlock(); break;
+                    case 1: code.UncommentBlock(); break;
+                    case 2: code.Indent(); break;
+                    default: code.Outdent(); break;
+                    }
+                    break;
+                }
+                case 5: code.Undo(); break;
+                default: code.Redo(); break;
+                }
+                settle(code);
+                verifyTypingPathColours(code);
+            }
+            const QString text = code.Text();
+            const int k = 1 + random.bounded(5);
+            for (int i = 0; i < k; ++i) {
+                code.Undo();
+                settle(code);
+                verifyTypingPathColours(code);
+            }
+            for (int i = 0; i < k; ++i) {
+                code.Redo();
+                settle(code);
+            }
+            QCOMPARE(code.Text(), text);
+            verifyTypingPathColours(code);
+            if (QTest::currentTestFailed())
+                return;
+        }
+    }
+
     void aLargeChangeIsColouredByASilentRun()
     {
         srcText code;

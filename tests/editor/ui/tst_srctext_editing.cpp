@@ -329,11 +329,17 @@ private Q_SLOTS:
         srcText code;
         prepare(code, QStringLiteral("abc"));
         code.SetSelection(1, 2);
-        code.InsertBlock(QStringLiteral("X"), false, false);
-        QCOMPARE(code.Text(), QStringLiteral("aXbc"));
-        code.SetSelection(1, 2);
+        code.InsertBlock(QStringLiteral("X\r\nZ"), false, false);
+        QCOMPARE(code.Text(), QStringLiteral("aX\r\nZbc"));
+        // The selected "b" stays selected behind the inserted block.
+        QCOMPARE(code.SelText(), QStringLiteral("b"));
+        QCOMPARE(code.SelStart(), qsizetype(5));
+        code.SetSelection(5, 6);
         code.InsertBlock(QStringLiteral("Y"), true, false);
-        QCOMPARE(code.Text(), QStringLiteral("aYbc"));
+        QCOMPARE(code.Text(), QStringLiteral("aX\r\nZYc"));
+        // Replaced, the selection is gone and the caret follows the block.
+        QCOMPARE(code.SelLength(), qsizetype(0));
+        QCOMPARE(code.SelStart(), qsizetype(6));
     }
 
     void marksFollowTheirLines()

@@ -1,6 +1,7 @@
 #include "EditorTestHelpers.h"
 #include "editor/ui/srcText.h"
 #include "platform/core/RuntimeError.h"
+#include "editor/core/RtfDocument.h"
 #include "platform/core/TextFile.h"
 #include "support/TestSupport.h"
 
@@ -166,14 +167,14 @@ private Q_SLOTS:
     void richTextCarriesTheTextAndItsColours()
     {
         srcText code;
+        code.setMode(6);
+        code.setWordLists(QString(), QStringLiteral("*int*"));
         code.setText(QStringLiteral("int x;\r\n// note"));
+        QSignalSpy complete(&code, &srcText::ProgressComplete);
+        code.ColourDocument();
+        QVERIFY(complete.wait(5000));
         code.SetSelection(0, 3);
         code.FontBackColour(0x00FFFF);
-        code.SetSelection(8, 15);
-        QTextCursor cursor = code.RTFBox()->textCursor();
-        QTextCharFormat green;
-        green.setForeground(commentColour);
-        cursor.mergeCharFormat(green);
         const QString rtf = code.TextRTF();
         QVERIFY(rtf.startsWith(QStringLiteral("{\\rtf")));
         QVERIFY(rtf.contains(QStringLiteral("\\par")));
@@ -181,11 +182,54 @@ private Q_SLOTS:
         copy.setTextRTF(rtf);
         QCOMPARE(copy.Text(), code.Text());
         QCOMPARE(colourOf(copy, QStringLiteral("note")), commentColour);
+        QCOMPARE(colourOf(copy, QStringLiteral("int")), keywordColour);
+        QCOMPARE(colourOf(copy, QStringLiteral("x;")), textColour);
+        // The copy's colours stay: nothing colours its lines again.
+        QTest::qWait(30);
+        QCOMPARE(colourOf(copy, QStringLiteral("int")), keywordColour);
         code.SetSelection(8, 15);
         srcText part;
         part.setSelRTF(code.SelRTF());
         QCOMPARE(part.Text(), QStringLiteral("// note"));
         QCOMPARE(colourAt(part, 3), commentColour);
+    }
+    void richTextOfTheSameTextChangesTheColoursOnly()
+    {
+        srcText code;
+        code.LoadFile(write(QStringLiteral("same.txt"), "int x;\nint y;\n"), 1);
+        QSignalSpy changed(&code, &srcText::Change);
+        code.SetSelection(0, 0);
+        QTest::keyClicks(code.RTFBox(), QStringLiteral("a"));
+        code.setTextRTF(writeRtf(code.Text(), {{0, 4, 0xFF}}));
+        QCOMPARE(colourAt(code, 1), QColor(255, 0, 0));
+        QCOMPARE(changed.count(), 1); // the typed "a" alone
+        QVERIFY(code.RTFBox()->document()->isUndoAvailable());
+        code.Undo();
+        QCOMPARE(code.Text(), QStringLiteral("int x;\r\nint y;\r\n"));
+        code.SaveFile(path(QStringLiteral("same-out.txt")), 1);
+        QCOMPARE(textfile::readBytes(path(QStringLiteral("same-out.txt"))),
+                 QByteArray("int x;\nint y;\n"));
+    }
+    void fileTypeZeroReadsRichTextThroughTheReader()
+    {
+        const QString rtf = writeRtf(QStringLiteral("int x;\r\n// note"), {{9, 7, 0x8000}});
+        const QString file = write(QStringLiteral("coloured.txt"), rtf.toLatin1());
+        srcText rich;
+        rich.LoadFile(file, 0);
+        QCOMPARE(rich.Text(), QStringLiteral("int x;\r\n// note"));
+        QCOMPARE(colourOf(rich, QStringLiteral("note")), commentColour);
+        QVERIFY(!rich.Modified());
+        // Type 1 reads the same file as the text it is.
+        srcText plain;
+        plain.LoadFile(file, 1);
+        QCOMPARE(plain.Text(), rtf);
+        // Type 0 reads a file that is not rich text as plain text.
+        srcText notRich;
+        notRich.LoadFile(write(QStringLiteral("plain0.txt"), "a\nb {\\x}"), 0);
+        QCOMPARE(notRich.Text(), QStringLiteral("a\r\nb {\\x}"));
+        notRich.SaveFile(path(QStringLiteral("plain0-out.txt")), 1);
+        QCOMPARE(textfile::readBytes(path(QStringLiteral("plain0-out.txt"))),
+                 QByteArray("a\nb {\\x}"));
     }
 
     void savingIgnoresItsErrors()

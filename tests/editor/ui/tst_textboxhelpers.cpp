@@ -2,7 +2,9 @@
 #include "editor/ui/cTextBoxEdit.h"
 #include "support/TestSupport.h"
 
+#include <QApplication>
 #include <QPlainTextEdit>
+#include <QScrollBar>
 
 using namespace tessaro;
 
@@ -107,6 +109,28 @@ private Q_SLOTS:
         QVERIFY(!edit.CanUndo());
         edit.Undo();
         QCOMPARE(box.toPlainText(), QString());
+        {
+            // With nothing to undo the box is left alone: an undo would still bring the
+            // caret back into view.
+            QPlainTextEdit tall;
+            tall.resize(200, 100);
+            tall.show();
+            QString lines;
+            for (int i = 0; i < 200; ++i)
+                lines += QStringLiteral("line %1\n").arg(i);
+            tall.setPlainText(lines);
+            tall.moveCursor(QTextCursor::Start);
+            QApplication::processEvents();
+            tall.verticalScrollBar()->setValue(tall.verticalScrollBar()->maximum());
+            const int scrolled = tall.verticalScrollBar()->value();
+            QVERIFY(scrolled > 0);
+            cTextBoxEdit tallEdit;
+            tallEdit.Attach(&tall);
+            QVERIFY(!tallEdit.CanUndo());
+            tallEdit.Undo();
+            QApplication::processEvents();
+            QCOMPARE(tall.verticalScrollBar()->value(), scrolled);
+        }
         box.insertPlainText(QStringLiteral("one"));
         QVERIFY(edit.CanUndo());
         edit.Undo();

@@ -113,6 +113,25 @@ private Q_SLOTS:
         QVERIFY(entry.contains("\nExec=\"/opt/tessaro/bin/tessaro\" %f\n"));
         QVERIFY(entry.contains("\nMimeType=text/x-csrc;text/x-chdr;text/x-c++src;\n"));
     }
+    void theDesktopEntryIsTheInstalledOneWithTheProgramsPath()
+    {
+        const QByteArray installed = readAll(TESSARO_SOURCE_DIR "/data/tessaro.desktop");
+        QVERIFY(installed.contains("\nExec=tessaro %f\n"));
+        QByteArray expected = installed;
+        expected.replace("\nExec=tessaro %f\n", "\nExec=\"/opt/tessaro/bin/tessaro\" %f\n");
+        QCOMPARE(DesktopAssociation::desktopEntry("/opt/tessaro/bin/tessaro"), expected);
+    }
+    void theDesktopEntryShowsTheProgramsIconAndTypes()
+    {
+        const QByteArray entry = DesktopAssociation::desktopEntry("/usr/lib/tessaro/tessaro");
+        QVERIFY(entry.contains("\nIcon=tessaro\n"));
+        QVERIFY(QFileInfo::exists(TESSARO_SOURCE_DIR "/data/tessaro.svg"));
+        QVERIFY(entry.contains("\nCategories=Development;IDE;\n"));
+        QVERIFY(entry.contains("\nStartupWMClass=Tessaro\n"));
+        // The types the entry opens are the ones start-up makes it the default for.
+        QVERIFY(entry.contains("\nMimeType=" + DesktopAssociation::mimeTypes().join(';').toUtf8() +
+                               ";\n"));
+    }
     void unusualProgramPathsAreEscapedInTheExecKey()
     {
         QCOMPARE(DesktopAssociation::execQuoted("/my tools/a\"b$c`d\\e%f"),

@@ -9,8 +9,11 @@
 #include "workspace/ui/DocumentCommands.h"
 #include "workspace/ui/WorkspaceCommands.h"
 #include "workspace/ui/frmDocument.h"
+#include "editor/ui/EditorTestHelpers.h"
 
 #include <QAction>
+#include <QDirIterator>
+#include <QRandomGenerator>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QPlainTextEdit>
@@ -58,6 +61,34 @@ class DocumentsTest : public QObject
     {
         m_frame->mdiArea()->closeAllSubWindows();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+
+    // Saves the active document as `name` through the menu, then Saves it again, and
+    // checks the text and the bytes at each step.
+    void saveAsAndSave(frmDocument *document, const QString &name, const QByteArray &expected)
+    {
+        const QString before = document->code()->Text();
+        test::ScriptedCommonDialog dialog;
+        const QString path = m_dir.filePath(name);
+        dialog.answers << path;
+        trigger("mnuFileSaveAs");
+        QVERIFY(document->ccode);
+        QCOMPARE(textfile::readBytes(path), expected);
+        QCoreApplication::processEvents();
+        QCOMPARE(document->code()->Text(), before);
+        // The section file's real lists colour it too, without changing a character.
+        document->switchToCColouring(QStringLiteral(TESSARO_SOURCE_DIR "/data/tessaro.stx"));
+        QCoreApplication::processEvents();
+        QCOMPARE(document->code()->Text(), before);
+        trigger("mnuFileSave");
+        QCOMPARE(textfile::readBytes(path), expected);
+    }
+    // Closes every document without saving.
+    void closeAllWithoutSaving()
+    {
+        test::RecordingMessageBox box;
+        box.answers = QList<int>(100, mb::No);
+        closeAll();
     }
 
 private Q_SLOTS:
@@ -218,38 +249,149 @@ private Q_SLOTS:
         QFETCH(bool, cSource);
         trigger("mnuFileNew");
         frmDocument *document = documents().last();
-        type(document, "int x;");
+        const QString typed = QStringLiteral("    int  x = \"a b  c\" ;\t// x  y");
+        type(document, typed);
         test::ScriptedCommonDialog dialog;
         const QString path = m_dir.filePath(name);
         dialog.answers << path;
         trigger("mnuFileSave");
         QCOMPARE(document->ccode, cSource);
         QCOMPARE(document->caption(), path);
-        QCOMPARE(textfile::readBytes(path), QByteArray("int x;"));
-        QCOMPARE(document->code()->Text(), QStringLiteral("int x;"));
+        QCOMPARE(textfile::readBytes(path), typed.toLatin1());
+        // Through the event loop the text stays as typed, and the next Save writes it.
+        QTest::qWait(50);
+        QCOMPARE(document->code()->Text(), typed);
+        trigger("mnuFileSave");
+        QCOMPARE(textfile::readBytes(path), typed.toLatin1());
     }
     void theLineColourerColoursTheDocumentWithTheSectionFile()
     {
         const QString stx = writeFile("c.stx", "[keywords]\r\nint\r\n[comments]\r\nsingleline=//\r\n"
-                                             "multilinestart=/*\r\nmultilineend=*/\r\n");
+                                             "multilinestart=/*\r\nmultilineend=*/\r\n"
+                                             "[string delim]\r\n\"\r\n[block]\r\n;\r\n");
         dynHighlight().colours.setStartupValues(); // as the main window's start-up does
-        trigger("mnuFileNew");
+        const QString text = QStringLiteral("int  x = \"a b c\" ;\r\n// note\r\n  plain ;");
+        const QString path = writeFile("plain.txt", text.toLatin1());
+        m_frame->LoadDocument(path);
         frmDocument *document = documents().last();
-        document->code()->setText("int x\r\n// note\r\nplain");
         document->switchToCColouring(stx);
         QVERIFY(document->ccode);
-        QCOMPARE(document->caption(), QStringLiteral("Source 1"));
-        // The colourer writes every blank between words twice; a switch swallows one.
-        QCOMPARE(document->code()->Text(), QStringLiteral("int x\r\n// note\r\nplain"));
-        QTextDocument *text = document->code()->RTFBox()->document();
-        auto colourAt = [&](int position) {
-            QTextCursor cursor(text);
-            cursor.setPosition(position + 1);
-            return cursor.charFormat().foreground().color();
+        QCOMPARE(document->caption(), path);
+        // The colourer writes blanks twice and drops the lone ";": the text keeps
+        // its own characters and takes only the colours, which stay through the
+        // event loop.
+        QTest::qWait(100);
+        QCOMPARE(document->code()->Text(), text);
+        QVERIFY(!document->changed());
+        srcText &code = *document->code();
+        QCOMPARE(test::colourOf(code, "int"), QColor(0, 0, 255)); // keyword
+        QCOMPARE(test::colourOf(code, "// note"), QColor(0, 128, 0)); // comment
+        QCOMPARE(test::colourOf(code, "plain"), QColor(0, 0, 0));
+    }
+    void theLineColourersColoursStayUntilALineIsEdited()
+    {
+        const QString stx = writeFile("k.stx", "[keywords]\r\nint\r\n[comments]\r\n"
+                                               "multilinestart=/*\r\nmultilineend=*/\r\n");
+        dynHighlight().colours.setStartupValues();
+        const QString path = writeFile("k.c", "int a;\nint b;\n");
+        m_frame->LoadDocument(path);
+        frmDocument *document = documents().last();
+        srcText &code = *document->code();
+        QTRY_VERIFY(!code.isColouring());
+        const QColor editorKeyword(0, 0, 127), lineColourerKeyword(0, 0, 255);
+        QCOMPARE(test::colourOf(code, "int a"), editorKeyword);
+        document->switchToCColouring(stx);
+        QTest::qWait(100);
+        QCOMPARE(test::colourOf(code, "int a"), lineColourerKeyword);
+        QCOMPARE(test::colourOf(code, "int b"), lineColourerKeyword);
+        // An edited line is coloured by the typing path again; the others stay.
+        code.SetSelection(6, 6);
+        type(document, " ");
+        QCOMPARE(test::colourOf(code, "int a"), editorKeyword);
+        QTest::qWait(50);
+        QCOMPARE(test::colourOf(code, "int b"), lineColourerKeyword);
+    }
+    void saveAsUnderACNameKeepsTheLineBreaksAndTheUndoHistory()
+    {
+        const QString path = writeFile("notes.txt", "first line\nsecond  line\n");
+        m_frame->LoadDocument(path);
+        frmDocument *document = documents().last();
+        srcText &code = *document->code();
+        code.SetSelection(0, 0);
+        type(document, "new ");
+        test::ScriptedCommonDialog dialog;
+        const QString saved = m_dir.filePath("notes.c");
+        dialog.answers << saved;
+        trigger("mnuFileSaveAs");
+        QVERIFY(document->ccode);
+        QTest::qWait(50);
+        QCOMPARE(textfile::readBytes(saved), QByteArray("new first line\nsecond  line\n"));
+        code.SetSelection(code.CharacterCount(), code.CharacterCount());
+        type(document, "third");
+        trigger("mnuFileSave");
+        QCOMPARE(textfile::readBytes(saved),
+                 QByteArray("new first line\nsecond  line\nthird"));
+        // Both edits, the one before Save As and the one after, can be undone.
+        code.Undo();
+        QCOMPARE(code.Text(), QStringLiteral("new first line\r\nsecond  line\r\n"));
+        code.Undo();
+        QCOMPARE(code.Text(), QStringLiteral("first line\r\nsecond  line\r\n"));
+    }
+
+    // ---- Save As under a C name never changes the text -----------------------------
+    void saveAsKeepsEveryFileOfTheSampleMod()
+    {
+        dynHighlight().colours.setStartupValues();
+        QDirIterator files(QStringLiteral(TESSARO_SOURCE_DIR "/examples/samplemod"),
+                           {QStringLiteral("*.c"), QStringLiteral("*.h")}, QDir::Files,
+                           QDirIterator::Subdirectories);
+        int count = 0;
+        while (files.hasNext()) {
+            const QString file = files.next();
+            m_frame->LoadDocument(file);
+            frmDocument *document = documents().last();
+            QVERIFY(document);
+            saveAsAndSave(document, QStringLiteral("copy%1.c").arg(count++),
+                          textfile::readBytes(file));
+            closeAllWithoutSaving();
+        }
+        QVERIFY(count > 10);
+    }
+    void saveAsKeepsBlanksTabsStringsAndComments()
+    {
+        dynHighlight().colours.setStartupValues();
+        const QStringList texts = {
+            "    int  x;\r\n\t\tint\t y ;\r\n;\r\n",
+            "char *s = \"a  b   c\";  /* x  y */ // z  ;\r\n  \r\n\t \t\r\n",
+            "/* open\r\n  still   open\r\n*/ int   a = \"\" ;\r\n\"unterminated  x  y\r\n",
+            "{\\}  \\par  \\cf1  1 2  3\t-4 ;; ; ;\r\nend ;",
         };
-        QCOMPARE(colourAt(0), QColor(0, 0, 255));  // "int": keyword
-        QCOMPARE(colourAt(6), QColor(0, 128, 0));  // "// note": comment
-        QCOMPARE(colourAt(14), QColor(0, 0, 0));   // "plain"
+        int n = 0;
+        for (const QString &text : texts) {
+            trigger("mnuFileNew");
+            frmDocument *document = documents().last();
+            document->code()->setText(text);
+            saveAsAndSave(document, QStringLiteral("text%1.h").arg(n++), text.toLatin1());
+            closeAllWithoutSaving();
+        }
+    }
+    void saveAsKeepsRandomTexts()
+    {
+        dynHighlight().colours.setStartupValues();
+        QRandomGenerator random(1618);
+        const QString alphabet = QStringLiteral("    \t\tint x;\"\"/*/*//{}\\09-") + QChar(0xe9);
+        for (int round = 0; round < 40; ++round) {
+            QString text;
+            for (int i = random.bounded(200); i > 0; --i)
+                text += random.bounded(15) == 0 ? QStringLiteral("\r\n")
+                                                : QString(alphabet.at(random.bounded(
+                                                      int(alphabet.size()))));
+            trigger("mnuFileNew");
+            frmDocument *document = documents().last();
+            document->code()->setText(text);
+            saveAsAndSave(document, QStringLiteral("random%1.c").arg(round), text.toLatin1());
+            closeAllWithoutSaving();
+        }
     }
 
     void aCaptionBeginningWithSourceIsTreatedAsUntitled()
