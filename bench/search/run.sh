@@ -16,12 +16,7 @@ ninja -C "$build" -j2 tessaro-cli bench_findinfiles bench_documentfind >/dev/nul
 
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
-# Every fifth header of 12-64 KB, in a fixed order: 265 files.
-find /usr/include -name '*.h' -size +12k -size -64k -type f | LC_ALL=C sort |
-    awk 'NR % 5 == 0' | head -265 >"$work/files"
-[ "$(wc -l <"$work/files")" -eq 265 ] || { echo "not enough headers in /usr/include" >&2; exit 1; }
-awk '{ tag = NR <= 51 ? "GAME=" : NR <= 102 ? "CAME=" : NR <= 153 ? "USER=" : NR <= 204 ? "SOUR=" : "HEAD=";
-       printf "%s%s\r\n", tag, $0 } END { printf "\r\n" }' "$work/files" >"$work/mod.tdi"
+. bench/search/workspace.sh
 echo "workspace: 265 files, $(xargs cat <"$work/files" | wc -c) bytes; text: $text"
 
 QT_QPA_PLATFORM=${QT_QPA_PLATFORM:-offscreen} "$build/bin/bench_findinfiles" "$work/mod.tdi" "$text" 30

@@ -26,10 +26,6 @@ namespace tessaro::cli {
 
 namespace {
 
-const char *const kUsage =
-    "Usage: tessaro-cli build game|cgame|ui|exe|q2 WORKSPACE [--set KEY=VALUE]... "
-    "[--print] [--run]\n";
-
 struct BuildRequest
 {
     build::Target target = build::Target::Game;
@@ -38,13 +34,6 @@ struct BuildRequest
     bool print = false;
     bool run = false;
 };
-
-int usageError(const QString &problem)
-{
-    QTextStream err(stderr);
-    err << QStringLiteral("tessaro-cli build: %1\n").arg(problem) << kUsage;
-    return 2;
-}
 
 void reportRuntimeError(const QString &what, const RuntimeError &error)
 {
@@ -122,7 +111,7 @@ int buildCommand(const QStringList &arguments)
 {
     BuildRequest request;
     if (const std::optional<QString> problem = parse(arguments, request))
-        return usageError(*problem);
+        return usageError("build", *problem);
 
     AppState state;
     try {
@@ -135,7 +124,7 @@ int buildCommand(const QStringList &arguments)
     for (const auto &[key, value] : request.overrides) {
         try {
             if (!state.tools.setValue(key, value))
-                return usageError(QStringLiteral("unknown setting '%1'").arg(key));
+                return usageError("build", QStringLiteral("unknown setting '%1'").arg(key));
         } catch (const RuntimeError &error) {
             reportRuntimeError(QStringLiteral("--set %1=%2").arg(key, value), error);
             return 2;
@@ -176,6 +165,13 @@ const Registration registration(
     {"build",
      "build game|cgame|ui|exe|q2 WORKSPACE [--set KEY=VALUE]... [--print] [--run]\n"
      "             write (or print, or run) the build script the IDE writes for a workspace",
+     "Usage: tessaro-cli build game|cgame|ui|exe|q2 WORKSPACE [--set KEY=VALUE]... [--print] "
+     "[--run]\n"
+     "Writes the build script that the IDE writes for WORKSPACE (a .tdi file) where the\n"
+     "IDE would and prints its path. --set KEY=VALUE overrides a stored setting (keys as\n"
+     "in Tessaro.ini: comPath, asmPath, lnkPath, params, sufparam, lnkparams, lrcPath,\n"
+     "lrcparams, comLCC, objOBJ, useLnk); --print prints the script instead of writing\n"
+     "it; --run also runs it with /bin/sh in the foreground and exits with its status.\n",
      buildCommand});
 
 } // namespace

@@ -17,6 +17,19 @@ std::vector<Command> &commands()
     return list;
 }
 
+const Command *findCommand(const QString &name)
+{
+    for (const Command &command : commands())
+        if (name == QLatin1String(command.name))
+            return &command;
+    return nullptr;
+}
+
+bool isHelpSwitch(const QString &argument)
+{
+    return argument == QLatin1String("--help") || argument == QLatin1String("-h");
+}
+
 QString versionText()
 {
     return QStringLiteral("tessaro-cli %1.%2.%3\n")
@@ -34,13 +47,24 @@ QString helpText()
     for (const Command &command : commands())
         text += QStringLiteral("  %1\n").arg(QLatin1String(command.synopsis));
     text += QStringLiteral("  --help     show this text\n"
-                           "  --version  show the version\n");
+                           "  --version  show the version\n\n"
+                           "tessaro-cli COMMAND --help shows the usage of one command.\n");
     return text;
 }
 
 } // namespace
 
 Registration::Registration(const Command &command) { commands().push_back(command); }
+
+int usageError(const char *command, const QString &problem)
+{
+    QTextStream err(stderr);
+    if (!problem.isEmpty())
+        err << QStringLiteral("tessaro-cli %1: %2\n").arg(QLatin1String(command), problem);
+    if (const Command *known = findCommand(QLatin1String(command)))
+        err << known->usage;
+    return 2;
+}
 
 int run(const QStringList &arguments)
 {
@@ -51,13 +75,17 @@ int run(const QStringList &arguments)
         out << versionText();
         return 0;
     }
-    if (first == QLatin1String("--help") || first == QLatin1String("-h")) {
+    if (isHelpSwitch(first)) {
         out << helpText();
         return 0;
     }
-    for (const Command &command : commands())
-        if (first == QLatin1String(command.name))
-            return command.run(arguments.mid(2));
+    if (const Command *command = findCommand(first)) {
+        if (isHelpSwitch(arguments.value(2))) {
+            out << command->usage;
+            return 0;
+        }
+        return command->run(arguments.mid(2));
+    }
     err << (first.isEmpty() ? QStringLiteral("tessaro-cli: no command given\n")
                             : QStringLiteral("tessaro-cli: unknown command '%1'\n").arg(first));
     err << helpText();

@@ -7,12 +7,15 @@
 
 #include "editor/core/ColourScan.h"
 #include "editor/core/DynHighlight.h"
+#include "editor/core/LineEnds.h"
 #include "editor/core/ModeWordLists.h"
 #include "editor/core/RtfDocument.h"
 #include "platform/core/AppInfo.h"
+#include "platform/core/FileReader.h"
 #include "platform/core/RuntimeError.h"
 #include "platform/core/TextFile.h"
 
+#include <QFileInfo>
 #include <QTextStream>
 
 #include <cstdio>
@@ -27,17 +30,14 @@ void writeOut(const QByteArray &bytes)
     std::fflush(stdout);
 }
 
-int usage(const char *text)
-{
-    QTextStream(stderr) << "Usage: " << text << "\n";
-    return 2;
-}
-
-// Reads a source file as the editor holds it (every line break CR LF).
+// Reads a source file as the editor holds it: 8-bit text, every line break CR LF
+// (decoded and converted piece by piece as it is read).
 bool readSource(const char *command, const QString &path, QString *text)
 {
     try {
-        *text = editorText(textfile::read(path));
+        CrLfTextDecoder decoder(QFileInfo(path).size());
+        FileReader().readInPieces(path, [&](QByteArrayView piece) { decoder.add(piece); });
+        *text = decoder.take();
         return true;
     } catch (const RuntimeError &error) {
         QTextStream(stderr) << QStringLiteral("tessaro-cli %1: %2: run-time error %3: %4\n")
@@ -63,7 +63,7 @@ QByteArray describe(const std::vector<ColourStretch> &stretches)
         case StretchKind::Keyword: out += " keyword "; break;
         case StretchKind::Text: out += " text "; break;
         }
-        out += textfile::toBytes(s.spelling);
+        out += s.spelling.toUtf8();
         out += '\n';
     }
     return out;
@@ -71,10 +71,9 @@ QByteArray describe(const std::vector<ColourStretch> &stretches)
 
 int colourWithLineColourer(const QStringList &arguments)
 {
-    const char *synopsis = "tessaro-cli colour --line-colourer --stx FILE.stx SOURCE";
     if (arguments.size() != 4 || arguments.at(0) != u"--line-colourer" ||
         arguments.at(1) != u"--stx")
-        return usage(synopsis);
+        return usageError("colour");
     QString source;
     if (!readSource("colour", arguments.at(3), &source))
         return 1;
@@ -100,7 +99,6 @@ int colourWithLineColourer(const QStringList &arguments)
 
 int colour(const QStringList &arguments)
 {
-    const char *synopsis = "tessaro-cli colour FILE [--mode N] [--lists DIR]";
     if (arguments.value(0) == u"--line-colourer")
         return colourWithLineColourer(arguments);
 
@@ -113,17 +111,17 @@ int colour(const QStringList &arguments)
             bool ok = false;
             mode = arguments.at(++i).toInt(&ok);
             if (!ok)
-                return usage(synopsis);
+                return usageError("colour");
         } else if (argument == u"--lists" && i + 1 < arguments.size()) {
             lists = arguments.at(++i);
         } else if (file.isEmpty() && !argument.startsWith(u"--")) {
             file = argument;
         } else {
-            return usage(synopsis);
+            return usageError("colour");
         }
     }
     if (file.isEmpty())
-        return usage(synopsis);
+        return usageError("colour");
 
     ScanRequest request;
     if (!readSource("colour", file, &request.text))
@@ -141,7 +139,7 @@ int colour(const QStringList &arguments)
 int rtf(const QStringList &arguments)
 {
     if (arguments.size() != 1)
-        return usage("tessaro-cli rtf SOURCE");
+        return usageError("rtf");
     QString source;
     if (!readSource("rtf", arguments.at(0), &source))
         return 1;
@@ -149,13 +147,26 @@ int rtf(const QStringList &arguments)
     return 0;
 }
 
-const Registration colourCommand({"colour",
-                                  "colour FILE [--mode N] [--lists DIR]  the stretches the editor "
-                                  "colours: <start> <length> comment|keyword|text [spelling]\n"
-                                  "  colour --line-colourer --stx FILE.stx SOURCE  the RTF the "
-                                  "section-file colourer makes of SOURCE",
-                                  colour});
-const Registration rtfCommand({"rtf", "rtf SOURCE  the uncoloured RTF of SOURCE", rtf});
+const Registration colourCommand(
+    {"colour",
+     "colour FILE [--mode N] [--lists DIR]  the stretches the editor colours: <start> <length> "
+     "comment|keyword|text [spelling]\n"
+     "  colour --line-colourer --stx FILE.stx SOURCE  the RTF the section-file colourer makes of "
+     "SOURCE",
+     "Usage: tessaro-cli colour FILE [--mode N] [--lists DIR]\n"
+     "       tessaro-cli colour --line-colourer --stx FILE.stx SOURCE\n"
+     "Prints the stretches the editor colours in FILE, one a line: \"<start> <length>\n"
+     "comment\", or \"<start> <length> keyword <spelling>\" and \"... text <spelling>\" for\n"
+     "words of the lists; positions count a line break as two characters. The file\n"
+     "name's ending chooses the mode unless --mode N gives it; --lists DIR reads the\n"
+     "definition file and word lists from DIR instead of the program's folder.\n"
+     "With --line-colourer, prints the RTF that the section-file colourer makes of\n"
+     "SOURCE with the definition file FILE.stx, byte for byte.\n",
+     colour});
+const Registration rtfCommand({"rtf", "rtf SOURCE  the uncoloured RTF of SOURCE",
+                               "Usage: tessaro-cli rtf SOURCE\n"
+                               "Prints the uncoloured RTF of SOURCE, byte for byte.\n",
+                               rtf});
 
 } // namespace
 } // namespace tessaro::cli

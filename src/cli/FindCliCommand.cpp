@@ -42,10 +42,8 @@ void reportStop(const RuntimeError &error)
 // ends the search: the lines found before it are printed and the status is 1.
 int find(const QStringList &arguments)
 {
-    if (arguments.size() != 2) {
-        QTextStream(stderr) << QStringLiteral("Usage: tessaro-cli find WORKSPACE TEXT\n");
-        return 2;
-    }
+    if (arguments.size() != 2)
+        return usageError("find");
     WorkspaceState workspace;
     NodeTree fileView;
     try {
@@ -72,7 +70,13 @@ int find(const QStringList &arguments)
 }
 
 const Registration findCommand(
-    {"find", "find WORKSPACE TEXT  the files of a workspace that hold TEXT (Find in Files)", find});
+    {"find", "find WORKSPACE TEXT  the files of a workspace that hold TEXT (Find in Files)",
+     "Usage: tessaro-cli find WORKSPACE TEXT\n"
+     "Prints what the output window of Find in Files holds after searching the files of\n"
+     "WORKSPACE (a .tdi file) once for TEXT, without regard to case, with CR LF line\n"
+     "ends. A file that cannot be read ends the search: the lines found before it are\n"
+     "printed, the run-time error is reported on standard error and the status is 1.\n",
+     find});
 
 } // namespace
 } // namespace tessaro::cli

@@ -14,15 +14,6 @@ namespace tessaro::cli {
 
 namespace {
 
-bool checkArguments(const QStringList &arguments, const char *command)
-{
-    if (arguments.size() == 1)
-        return true;
-    QTextStream(stderr)
-        << QStringLiteral("Usage: tessaro-cli %1 WORKSPACE\n").arg(QLatin1String(command));
-    return false;
-}
-
 void reportStop(const char *command, const RuntimeError &error)
 {
     QTextStream(stderr) << QStringLiteral("tessaro-cli %1: stopped by run-time error %2: %3\n")
@@ -35,8 +26,8 @@ void reportStop(const char *command, const RuntimeError &error)
 // stopped part-way (the status is then 1).
 int printTree(const QStringList &arguments)
 {
-    if (!checkArguments(arguments, "tree"))
-        return 2;
+    if (arguments.size() != 1)
+        return usageError("tree");
     AppState state;
     WorkspaceSession session(state);
     int status = 0;
@@ -54,8 +45,8 @@ int printTree(const QStringList &arguments)
 // file could not be read to its end, partial when a source stopped the building.
 int printStructs(const QStringList &arguments)
 {
-    if (!checkArguments(arguments, "structs"))
-        return 2;
+    if (arguments.size() != 1)
+        return usageError("structs");
     AppState state;
     WorkspaceSession session(state);
     int status = 0;
@@ -69,10 +60,22 @@ int printStructs(const QStringList &arguments)
     return status;
 }
 
-const Registration treeCommand({"tree", "tree WORKSPACE     the FileView tree of a workspace file",
-                                printTree});
+const Registration treeCommand(
+    {"tree", "tree WORKSPACE     the FileView tree of a workspace file",
+     "Usage: tessaro-cli tree WORKSPACE\n"
+     "Prints the FileView tree that opening WORKSPACE (a .tdi file) shows, one node a\n"
+     "line: its key, a tab and its text, indented by two blanks a level. When the file\n"
+     "cannot be read to its end, prints what was read, reports the run-time error on\n"
+     "standard error and exits with status 1.\n",
+     printTree});
 const Registration structsCommand(
     {"structs", "structs WORKSPACE  the structure view of a workspace (typedef struct names)",
+     "Usage: tessaro-cli structs WORKSPACE\n"
+     "Prints the structure view that opening WORKSPACE (a .tdi file) shows: the names\n"
+     "declared with \"typedef struct\" in its files under the groups Game, CGame,\n"
+     "Headers and UI, one node a line (key, a tab, text). When a file stops the\n"
+     "building, prints what was built, reports the run-time error on standard error\n"
+     "and exits with status 1.\n",
      printStructs});
 
 } // namespace

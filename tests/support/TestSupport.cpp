@@ -2,14 +2,24 @@
 
 #include "platform/core/ErrorTraps.h"
 #include "platform/core/RuntimeError.h"
+#include "platform/core/TextFile.h"
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 
 #include <cstdio>
 #include <cstdlib>
 
 namespace tessaro::test {
+
+QString writeFileIn(const QString &folder, const QString &name, const QByteArray &bytes)
+{
+    const QString path = QDir(folder).filePath(name);
+    QDir().mkpath(QFileInfo(path).absolutePath());
+    textfile::writeBytes(path, bytes);
+    return path;
+}
 
 void ensurePrivateHome()
 {
@@ -40,7 +50,10 @@ QByteArray readFile(const QString &path)
 }
 
 RecordingMessageBox::RecordingMessageBox() : m_previous(setMessageBoxService(this)) {}
-RecordingMessageBox::~RecordingMessageBox() { setMessageBoxService(m_previous); }
+RecordingMessageBox::~RecordingMessageBox()
+{
+    setMessageBoxService(m_previous);
+}
 
 int RecordingMessageBox::show(const QString &prompt, int style, const QString &title)
 {
@@ -49,7 +62,10 @@ int RecordingMessageBox::show(const QString &prompt, int style, const QString &t
 }
 
 ScriptedCommonDialog::ScriptedCommonDialog() : m_previous(setCommonDialogService(this)) {}
-ScriptedCommonDialog::~ScriptedCommonDialog() { setCommonDialogService(m_previous); }
+ScriptedCommonDialog::~ScriptedCommonDialog()
+{
+    setCommonDialogService(m_previous);
+}
 
 QString ScriptedCommonDialog::fileName(const FileDialogRequest &request)
 {
@@ -64,7 +80,10 @@ bool ScriptedCommonDialog::printerSetup(const QString &title)
 }
 
 RecordingShell::RecordingShell() : m_previous(setShellService(this)) {}
-RecordingShell::~RecordingShell() { setShellService(m_previous); }
+RecordingShell::~RecordingShell()
+{
+    setShellService(m_previous);
+}
 
 qint64 RecordingShell::startProgram(const QString &path)
 {
@@ -82,11 +101,24 @@ qint64 RecordingShell::startScript(const QString &scriptPath)
     return 2000 + scripts.size();
 }
 
+RuntimeError errorOf(const std::function<void()> &action)
+{
+    try {
+        action();
+    } catch (const RuntimeError &error) {
+        return error;
+    }
+    return RuntimeError(0, QString(), QString());
+}
+
 ProgramEndCatcher::ProgramEndCatcher()
 {
     setProgramEnd([](int status) { throw ProgramEnded(status); });
 }
 
-ProgramEndCatcher::~ProgramEndCatcher() { setProgramEnd(nullptr); }
+ProgramEndCatcher::~ProgramEndCatcher()
+{
+    setProgramEnd(nullptr);
+}
 
 } // namespace tessaro::test

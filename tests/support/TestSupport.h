@@ -4,11 +4,14 @@
 #include "platform/core/MsgBox.h"
 #include "platform/core/Shell.h"
 
+#include "platform/core/RuntimeError.h"
 #include <QList>
 #include <QString>
 #include <QStringList>
+
 #include <QtTest/QtTest>
 
+#include <functional>
 #include <stdexcept>
 
 namespace tessaro::test {
@@ -21,6 +24,10 @@ void ensurePrivateHome();
 // A file's bytes; empty when it is missing or cannot be read (tests compare contents
 // and never want the program's own error for that).
 QByteArray readFile(const QString &path);
+
+// Writes a file of the given bytes at name inside the folder, making the folders
+// between, and returns its path.
+QString writeFileIn(const QString &folder, const QString &name, const QByteArray &bytes);
 
 // A message box that records every call and answers from a script (then the
 // default button once the script is used up).
@@ -80,6 +87,9 @@ public:
 private:
     ShellService *m_previous;
 };
+
+// The run-time error an action raises; number 0 when it raises none.
+RuntimeError errorOf(const std::function<void()> &action);
 
 // Thrown instead of ending the process while a ProgramEndCatcher is alive.
 struct ProgramEnded : std::runtime_error

@@ -29,49 +29,28 @@ inline unsigned char classOf(char16_t c)
 void CScanner::scan(qsizetype until)
 {
     const char16_t *p = m_chars;
-    const qsizetype end = m_end;
-    const qsizetype limit = qMin(until, end);
-    qsizetype i = m_pos;
-    while (i < limit) {
+    walk(until, [this, p](qsizetype i, qsizetype limit) {
         switch (classOf(p[i])) {
         case Word:
             beginPiece(i);
             ++i;
             while (i < limit && classOf(p[i]) == Word)
                 ++i;
-            break;
-        case Separator:
-            endWord(i);
-            ++i;
-            break;
-        case Quote: {
-            interruptWord(i);
-            const qsizetype close = find(u'"', i + 1);
-            i = (close < 0 ? end : close) + 1;
-            break;
+            return i;
+        case Separator: endWord(i); return i + 1;
+        case Quote: interruptWord(i); return afterQuote(i);
+        case Slash: break;
         }
-        case Slash: {
-            const char16_t next = i + 1 < end ? p[i + 1] : 0;
-            if (next == u'/' || next == u'*') {
-                qsizetype stop;
-                if (next == u'/') {
-                    stop = lineEnd(i + 2);
-                } else {
-                    const qsizetype close = find(u"*/", i + 2);
-                    stop = close < 0 ? end : close + 2;
-                }
-                discardWord();
-                addComment(i, stop);
-                i = stop;
-            } else {
-                interruptWord(i);
-                ++i;
-            }
-            break;
+        const char16_t next = i + 1 < m_end ? p[i + 1] : 0;
+        if (next == u'/')
+            return lineComment(i, i + 2);
+        if (next == u'*') {
+            const qsizetype close = find(u"*/", i + 2);
+            return comment(i, close < 0 ? m_end : close + 2);
         }
-        }
-    }
-    m_pos = qMin(i, end);
+        interruptWord(i);
+        return i + 1;
+    });
 }
 
 } // namespace tessaro

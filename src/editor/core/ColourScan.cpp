@@ -42,6 +42,9 @@ struct ColourScan::State
 ColourScan::ColourScan(ScanRequest request) : s(std::make_unique<State>())
 {
     s->request = std::move(request);
+    // About one stretch in 128 characters in C sources: the list then seldom grows
+    // (each growth copies it and touches fresh memory).
+    s->stretches.reserve(std::size_t(s->request.text.size() / 128));
     s->scanner = makeScanner(s->request, s->stretches);
     s->ended = !s->scanner;
 }

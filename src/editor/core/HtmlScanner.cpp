@@ -59,38 +59,32 @@ qsizetype HtmlScanner::tag(qsizetype at, bool *opensScript)
 void HtmlScanner::scan(qsizetype until)
 {
     const char16_t *p = m_chars;
-    const qsizetype end = m_end;
-    const qsizetype limit = qMin(until, end);
-    qsizetype i = m_pos;
-    while (i < limit) {
+    walk(until, [this, p, until](qsizetype i, qsizetype) {
         if (m_script) {
+            // A script that stops short of its end stopped at `until`, which ends
+            // this walk too.
             m_script->scan(until);
-            i = m_script->position();
-            if (!m_script->atEnd())
-                break;
-            m_script.reset();
-            continue;
+            const qsizetype next = m_script->position();
+            if (m_script->atEnd())
+                m_script.reset();
+            return next;
         }
         if (p[i] != u'<') {
             const qsizetype next = find(u'<', i);
-            i = next < 0 ? end : next;
-            continue;
+            return next < 0 ? m_end : next;
         }
         if (m_range.mid(i + 1, 3) == u"!--") {
             const qsizetype close = find(u"-->", i + 4);
-            const qsizetype stop = close < 0 ? end : close + 3;
-            addComment(i, stop);
-            i = stop;
-            continue;
+            return comment(i, close < 0 ? m_end : close + 3);
         }
         bool opensScript = false;
         i = tag(i, &opensScript);
         if (opensScript) {
             const qsizetype close = find(u"</script>", i, Qt::CaseInsensitive);
-            m_script = std::make_unique<CScanner>(m_request, m_out, i, close < 0 ? end : close);
+            m_script = std::make_unique<CScanner>(m_request, m_out, i, close < 0 ? m_end : close);
         }
-    }
-    m_pos = qMin(i, end);
+        return i;
+    });
 }
 
 } // namespace tessaro

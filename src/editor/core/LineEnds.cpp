@@ -1,8 +1,13 @@
 #include "editor/core/LineEnds.h"
 
+#include "platform/core/Prefault.h"
+
+#include <QByteArray>
+
 #include <algorithm>
 
 #include <array>
+#include <type_traits>
 
 namespace tessaro {
 
@@ -61,6 +66,84 @@ LineEnds lineEndsWithUsual(const QString &text, LineEnd usual)
     ends.uniform = std::all_of(ends.breaks.begin(), ends.breaks.end(),
                                [usual](LineEnd end) { return end == usual; });
     return ends;
+}
+
+template <typename Text> Text withCrLfBreaks(const Text &text)
+{
+    using Char = std::remove_cv_t<std::remove_pointer_t<decltype(text.constData())>>;
+    const Char *data = text.constData();
+    const qsizetype n = text.size();
+
+    // Most files already hold CR LF alone (or no break at all): skip to the first
+    // break that needs rewriting, and give the text back untouched if there is none.
+    auto isBreak = [](Char c) { return c == Char(u'\r') || c == Char(u'\n'); };
+    qsizetype first = 0;
+    for (; first < n; ++first) {
+        if (!isBreak(data[first]))
+            continue;
+        if (data[first] == Char(u'\r') && first + 1 < n && data[first + 1] == Char(u'\n'))
+            ++first;
+        else
+            break;
+    }
+    if (first == n)
+        return text;
+
+    static const Char crlf[2] = {Char(u'\r'), Char(u'\n')};
+    Text result;
+    result.reserve(n + n / 16 + 2);
+    result.append(data, first);
+    qsizetype from = first;
+    for (qsizetype i = first; i < n; ++i) {
+        if (!isBreak(data[i]))
+            continue;
+        result.append(data + from, i - from);
+        result.append(crlf, 2);
+        if (data[i] == Char(u'\r') && i + 1 < n && data[i + 1] == Char(u'\n'))
+            ++i;
+        from = i + 1;
+    }
+    result.append(data + from, n - from);
+    return result;
+}
+
+template QString withCrLfBreaks(const QString &);
+template QByteArray withCrLfBreaks(const QByteArray &);
+
+CrLfTextDecoder::CrLfTextDecoder(qsizetype expectedBytes)
+{
+    // Room for a CR before one line feed in sixteen bytes, as in C sources with LF ends.
+    m_text.reserve(expectedBytes + expectedBytes / 16 + 2);
+    // A large text is written from end to end right away: back it in one go.
+    if (expectedBytes >= 256 * 1024)
+        prefaultForWriting(m_text.data(), m_text.capacity() * qsizetype(sizeof(QChar)));
+}
+
+void CrLfTextDecoder::add(QByteArrayView piece)
+{
+    const char *data = piece.data();
+    const qsizetype n = piece.size();
+    qsizetype from = 0;
+    // The LF of a CR LF whose CR ended the last piece is written already.
+    if (m_afterCr && n > 0 && data[0] == '\n')
+        from = 1;
+    if (n > 0)
+        m_afterCr = false;
+    for (qsizetype i = from; i < n; ++i) {
+        const char c = data[i];
+        if (c != '\r' && c != '\n')
+            continue;
+        m_text.append(QLatin1StringView(data + from, i - from));
+        m_text.append(QLatin1StringView("\r\n", 2));
+        if (c == '\r') {
+            if (i + 1 == n)
+                m_afterCr = true;
+            else if (data[i + 1] == '\n')
+                ++i;
+        }
+        from = i + 1;
+    }
+    m_text.append(QLatin1StringView(data + from, n - from));
 }
 
 } // namespace tessaro

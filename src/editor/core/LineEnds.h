@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArrayView>
 #include <QString>
 
 #include <cstdint>
@@ -28,5 +29,27 @@ LineEnds scanLineEnds(const QString &text);
 // The text's line breaks as scanLineEnds finds them, with the given usual kind: lines
 // typed anew get it, and the text is uniform only when every break is of that kind.
 LineEnds lineEndsWithUsual(const QString &text, LineEnd usual);
+
+// The text with every line break written as CR LF, breaks counted as scanLineEnds
+// counts them (CR LF, a lone LF, a lone CR). Positions in the result count each break
+// as two characters, as the editor's public positions do. A text whose breaks are all
+// CR LF already comes back as it is (shared, not copied). For QString and QByteArray.
+template <typename Text> Text withCrLfBreaks(const Text &text);
+
+// Decodes a file's bytes given in pieces, in order, as the editor holds its text:
+// every byte one character (8-bit text, Latin-1), every line break (CR LF, a lone LF,
+// a lone CR) written as CR LF, also when a CR LF is split between two pieces. The
+// same text as withCrLfBreaks of the decoded file, without a copy of the whole file.
+class CrLfTextDecoder
+{
+public:
+    explicit CrLfTextDecoder(qsizetype expectedBytes = 0);
+    void add(QByteArrayView piece);
+    QString take() { return std::move(m_text); }
+
+private:
+    QString m_text;
+    bool m_afterCr = false; // the last piece ended in a CR
+};
 
 } // namespace tessaro

@@ -1,5 +1,6 @@
 #include "editor/core/ModeWordLists.h"
 
+#include "editor/core/LineEnds.h"
 #include "platform/core/ErrorTraps.h"
 #include "platform/core/EventLog.h"
 #include "platform/core/TextFile.h"
@@ -60,22 +61,7 @@ void EditorWordLists::applyMode(int mode, const QString &folder)
 
 QString editorText(const QString &fileText)
 {
-    QString text;
-    text.reserve(fileText.size() + fileText.size() / 16);
-    const qsizetype n = fileText.size();
-    qsizetype from = 0;
-    for (qsizetype i = 0; i < n; ++i) {
-        const QChar c = fileText.at(i);
-        if (c != u'\r' && c != u'\n')
-            continue;
-        text.append(QStringView(fileText).mid(from, i - from));
-        text.append(QLatin1String("\r\n"));
-        if (c == u'\r' && i + 1 < n && fileText.at(i + 1) == u'\n')
-            ++i;
-        from = i + 1;
-    }
-    text.append(QStringView(fileText).mid(from));
-    return text;
+    return withCrLfBreaks(fileText);
 }
 
 } // namespace tessaro

@@ -33,37 +33,24 @@ qsizetype VbScanner::headerEnd(QStringView text)
 void VbScanner::scan(qsizetype until)
 {
     const char16_t *p = m_chars;
-    const qsizetype end = m_end;
-    const qsizetype limit = qMin(until, end);
-    qsizetype i = m_pos;
-    while (i < limit) {
+    walk(until, [this, p](qsizetype i, qsizetype) {
         const char16_t c = p[i];
         if (isSeparator(c)) {
             QString word;
             if (endWord(i, &word) == Found::None && word.toUpper() == u"REM") {
                 // A remark: from the word's start to the end of its line.
-                const qsizetype start = i - 3;
-                const qsizetype stop = lineEnd(i);
-                addComment(start, stop);
-                i = stop;
-                continue;
+                return lineComment(i - 3, i);
             }
-            ++i;
-        } else if (c == u'"') {
-            interruptWord(i);
-            const qsizetype close = find(u'"', i + 1);
-            i = (close < 0 ? end : close) + 1;
-        } else if (c == u'\'') {
-            const qsizetype stop = lineEnd(i + 1);
-            discardWord();
-            addComment(i, stop);
-            i = stop;
-        } else {
-            beginPiece(i);
-            ++i;
+            return i + 1;
         }
-    }
-    m_pos = qMin(i, end);
+        if (c == u'"') {
+            interruptWord(i);
+            return afterQuote(i);
+        }
+        if (c == u'\'')
+            return lineComment(i, i + 1);
+        return wordChar(i);
+    });
 }
 
 } // namespace tessaro

@@ -75,9 +75,19 @@ WordScanner::Found WordScanner::endWord(qsizetype at, QString *word)
     return found;
 }
 
-void WordScanner::addComment(qsizetype start, qsizetype end)
+qsizetype WordScanner::comment(qsizetype start, qsizetype stop)
 {
-    m_out.push_back(ColourStretch{start, end - start, StretchKind::Comment, QString()});
+    discardWord();
+    m_out.push_back(ColourStretch{start, stop - start, StretchKind::Comment, QString()});
+    return stop;
+}
+
+qsizetype WordScanner::afterQuote(qsizetype at, bool backslashEscapes) const
+{
+    qsizetype close = find(u'"', at + 1);
+    while (backslashEscapes && close > 0 && m_chars[close - 1] == u'\\')
+        close = find(u'"', close + 1);
+    return (close < 0 ? m_end : close) + 1;
 }
 
 qsizetype WordScanner::lineEnd(qsizetype from) const

@@ -41,6 +41,26 @@ protected:
         return c == u' ' || c == u'\t' || c == u'\r' || c == u'\n';
     }
 
+    // The walk every scan() makes: from the position up to `until` (or the end of
+    // the range), `step(i, limit)` handles the character at i and returns the
+    // index to go on from. The position is kept for the next call, never past the
+    // range's end even when a skip overshoots.
+    template <typename Step> void walk(qsizetype until, Step step)
+    {
+        const qsizetype limit = qMin(until, m_end);
+        qsizetype i = m_pos;
+        while (i < limit)
+            i = step(i, limit);
+        m_pos = qMin(i, m_end);
+    }
+
+    // A word character at `at` joins the word; returns the next index.
+    qsizetype wordChar(qsizetype at)
+    {
+        beginPiece(at);
+        return at + 1;
+    }
+
     // The word takes the character at `at` (the start of a run of characters).
     void beginPiece(qsizetype at)
     {
@@ -58,8 +78,16 @@ protected:
     // collected text is left in *word when asked for.
     Found endWord(qsizetype at, QString *word = nullptr);
 
-    // Adds a comment stretch.
-    void addComment(qsizetype start, qsizetype end);
+    // The text from `start` to `stop` is a comment: it swallows the word being
+    // collected and becomes a comment stretch. Returns `stop`.
+    qsizetype comment(qsizetype start, qsizetype stop);
+    // A comment from `start` to the end of its line, looked for from `from`.
+    // Returns where the scan goes on.
+    qsizetype lineComment(qsizetype start, qsizetype from) { return comment(start, lineEnd(from)); }
+    // The index after the double quote that closes the one at `at`, or just past the
+    // range's end when none does. With `backslashEscapes`, a quote that a backslash
+    // precedes does not close.
+    qsizetype afterQuote(qsizetype at, bool backslashEscapes = false) const;
     // Position of the next "\r\n" at or after `from` within the range, or the range's end.
     qsizetype lineEnd(qsizetype from) const;
     // Position of `what` at or after `from` within the range, or -1.

@@ -22,7 +22,10 @@ CommonDialogService *g_service = &g_noDialog;
 
 } // namespace
 
-CommonDialogService &commonDialog() { return *g_service; }
+CommonDialogService &commonDialog()
+{
+    return *g_service;
+}
 
 CommonDialogService *setCommonDialogService(CommonDialogService *service)
 {
@@ -44,15 +47,18 @@ QStringList qtNameFilters(const QString &filterText)
     QStringList filters;
     const QStringList parts = filterText.split(QLatin1Char('|'));
     for (int i = 0; i + 1 < parts.size(); i += 2) {
-        QString patterns = parts[i + 1];
-        patterns.replace(QLatin1Char(';'), QLatin1Char(' '));
+        // "*.*" means every file: on Linux many names (Makefile, README) have no dot.
+        QStringList patterns = parts[i + 1].split(QLatin1Char(';'));
+        for (QString &pattern : patterns)
+            if (pattern.trimmed() == QLatin1String("*.*"))
+                pattern = QStringLiteral("*");
         QString description = parts[i];
         // Qt reads the patterns from the parentheses: keep the description's own
         // words and give the patterns in the form Qt understands.
         const int open = description.indexOf(QLatin1Char('('));
         if (open >= 0)
             description = description.left(open).trimmed();
-        filters << QStringLiteral("%1 (%2)").arg(description, patterns);
+        filters << QStringLiteral("%1 (%2)").arg(description, patterns.join(QLatin1Char(' ')));
     }
     return filters;
 }

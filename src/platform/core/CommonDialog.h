@@ -40,11 +40,13 @@ CommonDialogService *setCommonDialogService(CommonDialogService *service);
 // Shows a file dialog, raising error 32755 on Cancel when the request asks for it.
 QString showFileDialog(const FileDialogRequest &request);
 
-// The "desc|pattern" filter text as a Qt name filter list ("Desc (pat1 pat2)").
+// The "desc|pattern" filter text as a Qt name filter list ("Desc (pat1 pat2)"). The
+// pattern "*.*" becomes "*": it stands for every file, also one without a dot.
 QStringList qtNameFilters(const QString &filterText);
 
 // The folder-blank-names text of a multiple selection, which is what the
-// workspace's sorting rules read: one file gives its full path; several give the folder, a blank and the names.
+// workspace's sorting rules read: one file gives its full path; several give the folder, a blank
+// and the names.
 QString multiSelectionText(const QStringList &paths);
 
 } // namespace tessaro

@@ -4,6 +4,8 @@
 #include <QByteArrayView>
 #include <QString>
 
+#include <functional>
+
 namespace tessaro {
 
 // Reads files whole into one buffer that it keeps: reading hundreds of files one
@@ -18,6 +20,10 @@ public:
     QByteArrayView read(const QString &path);
     // The bytes of the last read, leaving the reader empty.
     QByteArray take();
+    // Reads the file in pieces through a small buffer, handing each piece to use() in
+    // order: for a large file read once, no buffer of the whole file is filled. Raises
+    // as read() does.
+    void readInPieces(const QString &path, const std::function<void(QByteArrayView)> &use);
 
 private:
     QByteArray m_buffer;

@@ -1,12 +1,15 @@
 #include "shell/core/InstanceServer.h"
 
 #include "shell/core/HandOver.h"
+#include "shell/core/InstanceConnection.h"
 
 #include <QDeadlineTimer>
 #include <QEventLoop>
 #include <QLocalServer>
 #include <QLocalSocket>
 #include <QTimer>
+
+#include <algorithm>
 
 #include <sys/socket.h>
 #include <sys/types.h>
@@ -23,11 +26,32 @@ bool peerIsSameUser(qintptr socketDescriptor)
     return credentials.uid == ::getuid();
 }
 
+namespace {
+
+// A local server that hands every accepted descriptor to its owner as it is, so a peer
+// of another user is refused before any socket object exists for it.
+class DescriptorServer : public QLocalServer
+{
+public:
+    DescriptorServer(std::function<void(qintptr)> accept, QObject *parent)
+        : QLocalServer(parent), m_accept(std::move(accept))
+    {
+    }
+
+protected:
+    void incomingConnection(quintptr descriptor) override { m_accept(qintptr(descriptor)); }
+
+private:
+    std::function<void(qintptr)> m_accept;
+};
+
+} // namespace
+
 InstanceServer::InstanceServer(QString path, QObject *parent)
-    : QObject(parent), m_path(std::move(path)), m_server(new QLocalServer(this))
+    : QObject(parent), m_path(std::move(path)),
+      m_server(new DescriptorServer([this](qintptr descriptor) { accept(descriptor); }, this))
 {
     m_server->setSocketOptions(QLocalServer::UserAccessOption);
-    connect(m_server, &QLocalServer::newConnection, this, &InstanceServer::accept);
 }
 
 InstanceServer::~InstanceServer()
@@ -61,40 +85,63 @@ bool InstanceServer::isListening() const
     return m_server->isListening();
 }
 
-void InstanceServer::accept()
+int InstanceServer::connectionCount() const
 {
-    while (QLocalSocket *socket = m_server->nextPendingConnection()) {
-        connect(socket, &QLocalSocket::disconnected, socket, &QObject::deleteLater);
-        if (!peerIsSameUser(socket->socketDescriptor())) {
-            socket->abort();
-            continue;
-        }
-        serve(socket);
-    }
+    int count = 0;
+    for (const QPointer<InstanceConnection> &connection : m_connections)
+        if (connection)
+            ++count;
+    return count;
 }
 
-void InstanceServer::serve(QLocalSocket *socket)
+void InstanceServer::accept(qintptr descriptor)
 {
-    const bool visible = m_visible ? m_visible() : false;
-    socket->write(QByteArray(1, visible ? handover::kVisible : handover::kHidden));
-    socket->flush();
-    auto reader = std::make_shared<handover::RequestReader>();
-    connect(socket, &QLocalSocket::readyRead, this, [this, socket, reader] {
-        using State = handover::RequestReader::State;
-        const State state = reader->feed(socket->readAll());
-        if (state == State::Incomplete)
+    if (!peerIsSameUser(descriptor)) {
+        ::close(int(descriptor));
+        return;
+    }
+    m_connections.removeAll(nullptr);
+    if (m_connections.size() >= kMaxConnections) {
+        const auto waiting =
+            std::find_if(m_connections.begin(), m_connections.end(),
+                         [](const QPointer<InstanceConnection> &c) { return !c->isCarryingOut(); });
+        if (waiting == m_connections.end()) {
+            ::close(int(descriptor));
             return;
-        if (state == State::HandOver && m_handOver && !reader->payload().isEmpty())
-            m_handOver(reader->payload());
-        else if (state == State::Activate && m_activate)
-            m_activate();
-        // The handlers may have closed the server (and the window) meanwhile; the
-        // socket lives on until it is disconnected.
-        if (state != State::Invalid)
-            socket->write(QByteArray(1, handover::kDone));
-        socket->flush();
-        socket->disconnectFromServer();
-    });
+        }
+        QPointer<InstanceConnection> oldest = *waiting;
+        m_connections.erase(waiting);
+        oldest->drop();
+    }
+    const bool visible = m_visible ? m_visible() : false;
+    auto *connection = new InstanceConnection(
+        descriptor, visible ? handover::kVisible : handover::kHidden, handover::kTimeoutMs, this);
+    // Carried out from the event loop, never inside the socket's signal; a connection
+    // that is gone by then (the server with it) takes its call with it.
+    connect(
+        connection, &InstanceConnection::requestReady, connection,
+        [this, connection] { carryOut(connection); }, Qt::QueuedConnection);
+    m_connections.append(connection);
+}
+
+void InstanceServer::carryOut(QPointer<InstanceConnection> connection)
+{
+    if (!connection)
+        return;
+    using State = handover::RequestReader::State;
+    const State state = connection->request().state();
+    const QByteArray payload = connection->request().payload();
+    // Copies: the handler may end the server (the window closes) while it runs.
+    if (state == State::HandOver && !payload.isEmpty()) {
+        if (const auto handOver = m_handOver)
+            handOver(payload);
+    } else if (state == State::Activate) {
+        if (const auto activate = m_activate)
+            activate();
+    }
+    // The peer may have gone, or the server with every connection, meanwhile.
+    if (connection)
+        connection->answer();
 }
 
 namespace {

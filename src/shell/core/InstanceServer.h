@@ -1,19 +1,30 @@
 #pragma once
 
+#include <QList>
 #include <QObject>
+#include <QPointer>
 #include <QString>
 
 #include <functional>
 
 class QLocalServer;
-class QLocalSocket;
 
 namespace tessaro {
+
+class InstanceConnection;
 
 // The running copy's end of the single-instance socket. It is created when the main
 // window loads and starts listening only when the window is marked as the running
 // copy; connections from other users are refused. Every request is answered after
 // it has been carried out.
+//
+// Any local process of the user can connect, so the server trusts no peer: requests
+// are carried out from the event loop, never from inside a socket's signal, and a
+// connection is only touched again after a check that it still exists (the handler
+// may run a modal message box while the peer times out and goes). At most
+// kMaxConnections peers are served at once; a newcomer beyond that takes the place of
+// the oldest one that is still waiting, so a flood of connections neither exhausts the
+// owner's file descriptors nor locks a real later copy out for good.
 class InstanceServer : public QObject
 {
     Q_OBJECT
@@ -34,12 +45,17 @@ public:
     bool isListening() const;
     const QString &path() const { return m_path; }
 
+    static constexpr int kMaxConnections = 32;
+    // The peers being served now.
+    int connectionCount() const;
+
 private:
-    void accept();
-    void serve(QLocalSocket *socket);
+    void accept(qintptr descriptor);
+    void carryOut(QPointer<InstanceConnection> connection);
 
     QString m_path;
     QLocalServer *m_server;
+    QList<QPointer<InstanceConnection>> m_connections;
     std::function<bool()> m_visible;
     std::function<void(const QByteArray &)> m_handOver;
     std::function<void()> m_activate;

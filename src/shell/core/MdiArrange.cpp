@@ -38,4 +38,19 @@ QVector<QRect> iconRects(const QRect &area, int count, const QSize &iconSize)
     return rects;
 }
 
+QRect newChildRect(const QSize &area, int index, int step, const QSize &minimum)
+{
+    auto side = [](int available, int least) {
+        return std::max(least, std::min(available, available * 3 / 4));
+    };
+    const QSize size(side(area.width(), minimum.width()), side(area.height(), minimum.height()));
+    int positions = 1;
+    if (step > 0) {
+        const int room = std::min(area.width() - size.width(), area.height() - size.height());
+        positions = std::max(0, room) / step + 1;
+    }
+    const int offset = step * (std::max(0, index) % positions);
+    return QRect(QPoint(offset, offset), size);
+}
+
 } // namespace tessaro

@@ -17,4 +17,11 @@ QVector<QRect> tileRects(const QRect &area, int count, bool horizontal);
 // bottom left corner of the area, wrapping to a new row above when a row is full.
 QVector<QRect> iconRects(const QRect &area, int count, const QSize &iconSize);
 
+// Where a new document window opens: three quarters of the area's size (never smaller
+// than `minimum`, nor larger than the area unless the minimum is), at the cascade
+// position for the `index`-th window (0 at the top left, each next one `step` pixels
+// further down and right), starting again at the top left before a window would
+// leave the area.
+QRect newChildRect(const QSize &area, int index, int step, const QSize &minimum);
+
 } // namespace tessaro

@@ -1,16 +1,15 @@
 #include "shell/ui/MainPanes.h"
 
+#include "shell/ui/FindPanel.h"
 #include "shell/ui/LeftPane.h"
 #include "shell/ui/ReBar.h"
 #include "shell/ui/TwipsGeometry.h"
 
-#include <QComboBox>
 #include <QEvent>
 #include <QFontDatabase>
 #include <QFontInfo>
 #include <QListWidget>
 #include <QMdiArea>
-#include <QPushButton>
 #include <QToolBar>
 #include <algorithm>
 
@@ -33,11 +32,9 @@ QFont courier()
 MainPanes::MainPanes(QMdiArea *mdiArea, QWidget *parent)
     : QWidget(parent), m_output(new QWidget(this)), m_lstOut(new QListWidget(m_output)),
       m_left(new LeftPane(this)), m_holder(new QWidget(this)), m_rebar(new ReBar(m_holder)),
-      m_findPanel(new QWidget), m_fndText(new QComboBox(m_findPanel)),
-      m_cmdFind(new QPushButton(QStringLiteral("Find"), m_findPanel)), m_mdiArea(mdiArea)
+      m_findPanel(new FindPanel), m_mdiArea(mdiArea)
 {
     setObjectName(QStringLiteral("MainPanes"));
-    const double tpp = twipsPerPixelOf(this);
 
     m_output->setObjectName(QStringLiteral("Picture3"));
     m_lstOut->setObjectName(QStringLiteral("lstOut"));
@@ -47,19 +44,23 @@ MainPanes::MainPanes(QMdiArea *mdiArea, QWidget *parent)
     m_holder->setObjectName(QStringLiteral("picHolder"));
     m_rebar->setObjectName(QStringLiteral("cReBar1"));
 
-    m_findPanel->setObjectName(QStringLiteral("Picture2"));
-    m_findPanel->setFixedSize(twipsToPixels(6975, tpp), twipsToPixels(315, tpp));
-    m_fndText->setObjectName(QStringLiteral("fndText"));
-    m_fndText->setEditable(true);
-    // Enter in the box neither searches nor adds the text to the list.
-    m_fndText->setInsertPolicy(QComboBox::NoInsert);
-    placeInTwips(m_fndText, {0, 0, 5775, 315}, tpp);
-    m_cmdFind->setObjectName(QStringLiteral("cmdFind"));
-    m_cmdFind->setAutoDefault(false);
-    placeInTwips(m_cmdFind, {5880, 0, 1095, 315}, tpp);
-
     mdiArea->setParent(this);
     connect(m_left, &LeftPane::widthChanged, this, &MainPanes::arrange);
+}
+
+QWidget *MainPanes::Picture2() const
+{
+    return m_findPanel;
+}
+
+QComboBox *MainPanes::fndText() const
+{
+    return m_findPanel->fndText();
+}
+
+QPushButton *MainPanes::cmdFind() const
+{
+    return m_findPanel->cmdFind();
 }
 
 void MainPanes::addBands(QToolBar *toolbar)

@@ -10,6 +10,7 @@ class QToolBar;
 
 namespace tessaro {
 
+class FindPanel;
 class LeftPane;
 class ReBar;
 
@@ -29,9 +30,9 @@ public:
     QListWidget *lstOut() const { return m_lstOut; }
     QWidget *picHolder() const { return m_holder; }
     ReBar *cReBar1() const { return m_rebar; }
-    QWidget *Picture2() const { return m_findPanel; }
-    QComboBox *fndText() const { return m_fndText; }
-    QPushButton *cmdFind() const { return m_cmdFind; }
+    QWidget *Picture2() const;
+    QComboBox *fndText() const;
+    QPushButton *cmdFind() const;
     QMdiArea *mdiArea() const { return m_mdiArea; }
 
     // Adds the two bands: the toolbar (no caption, key "Toolbar1") and the find box
@@ -55,9 +56,7 @@ private:
     LeftPane *m_left;
     QWidget *m_holder;
     ReBar *m_rebar;
-    QWidget *m_findPanel;
-    QComboBox *m_fndText;
-    QPushButton *m_cmdFind;
+    FindPanel *m_findPanel;
     QMdiArea *m_mdiArea;
     double m_outputHeightTwips = 1455;
 };

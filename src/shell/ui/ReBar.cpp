@@ -4,6 +4,7 @@
 #include <QLabel>
 #include <QPainter>
 #include <QStyleOption>
+#include <QVBoxLayout>
 
 namespace tessaro {
 
@@ -30,11 +31,10 @@ protected:
 
 } // namespace
 
-ReBar::ReBar(QWidget *parent) : QWidget(parent), m_layout(new QHBoxLayout(this))
+ReBar::ReBar(QWidget *parent) : QWidget(parent), m_layout(new QVBoxLayout(this))
 {
-    m_layout->setContentsMargins(2, 2, 2, 2);
-    m_layout->setSpacing(4);
-    m_layout->addStretch(1);
+    m_layout->setContentsMargins(1, 1, 1, 1);
+    m_layout->setSpacing(1);
 }
 
 QWidget *ReBar::addBand(QWidget *child, const QString &caption, const QString &key)
@@ -46,7 +46,7 @@ QWidget *ReBar::addBand(QWidget *child, const QString &caption, const QString &k
     band->setFrameShape(QFrame::StyledPanel);
     band->setFrameShadow(QFrame::Raised);
     auto *row = new QHBoxLayout(band);
-    row->setContentsMargins(2, 2, 4, 2);
+    row->setContentsMargins(1, 1, 4, 1);
     row->setSpacing(4);
     row->addWidget(new BandGrip(band));
     if (!caption.isEmpty()) {
@@ -56,8 +56,9 @@ QWidget *ReBar::addBand(QWidget *child, const QString &caption, const QString &k
     }
     child->setParent(band);
     row->addWidget(child);
-    // Bands line up from the left; the stretch at the end takes the rest.
-    m_layout->insertWidget(m_bands, band);
+    // The window keeps its natural width; the rest of the row stays empty.
+    row->addStretch(1);
+    m_layout->addWidget(band);
     ++m_bands;
     return band;
 }

@@ -2,13 +2,14 @@
 
 #include <QWidget>
 
-class QHBoxLayout;
+class QVBoxLayout;
 
 namespace tessaro {
 
-// A band container: a row of bands, each with a grip, an optional caption and the
-// window it holds. Bands are found by their key (the band's objectName is
-// "<rebar name>_<key>").
+// A band container: bands one below the other, each a row of its own as wide as the
+// container, with a grip, an optional caption and the window it holds at its natural
+// width (narrower when the row is too short for it). Bands are found by their key (the
+// band's objectName is "<rebar name>_<key>").
 class ReBar : public QWidget
 {
     Q_OBJECT
@@ -21,7 +22,7 @@ public:
     int bandCount() const { return m_bands; }
 
 private:
-    QHBoxLayout *m_layout;
+    QVBoxLayout *m_layout;
     int m_bands = 0;
 };
 

@@ -4,6 +4,7 @@
 #include "platform/core/EmergencySave.h"
 #include "platform/core/ErrorTraps.h"
 #include "platform/core/EventLog.h"
+#include "platform/core/Paths.h"
 #include "platform/core/TerminationSignal.h"
 #include "platform/ui/WidgetDialogs.h"
 #include "shell/core/HandOver.h"
@@ -16,6 +17,7 @@
 #include "workspace/ui/frmRecover.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QFile>
 #include <QMdiArea>
 #include <QPointer>
@@ -69,9 +71,13 @@ int runLaterCopy(int argc, char **argv, const QString &commandLine)
 
 int Main(int argc, char **argv)
 {
+    // A relative path names a file in this process's working folder, which the running
+    // copy does not share: every argument goes over as an absolute path (as a file
+    // association passes it).
+    const QString workingFolder = QDir::currentPath();
     QStringList arguments;
     for (int i = 1; i < argc; ++i)
-        arguments << QFile::decodeName(argv[i]);
+        arguments << paths::absoluteFrom(workingFolder, QFile::decodeName(argv[i]));
     const QString commandLine = handover::commandLineText(arguments);
 
     InstanceLock lock;

@@ -13,9 +13,10 @@ TabStrip::TabStrip(const QStringList &captions, QWidget *parent)
     m_bar->setShape(QTabBar::RoundedSouth);
     m_bar->setDrawBase(false);
     m_bar->setExpanding(false);
-    // On a narrow pane the captions shrink (elided) rather than scroll out of sight.
-    m_bar->setUsesScrollButtons(false);
-    m_bar->setElideMode(Qt::ElideRight);
+    // Captions are always shown whole; when the pane is too narrow for every tab the
+    // strip scrolls.
+    m_bar->setUsesScrollButtons(true);
+    m_bar->setElideMode(Qt::ElideNone);
     QFont small = m_bar->font();
     small.setPointSizeF(small.pointSizeF() * 0.9);
     m_bar->setFont(small);

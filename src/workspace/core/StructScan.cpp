@@ -1,5 +1,6 @@
 #include "workspace/core/StructScan.h"
 
+#include "editor/core/LineEnds.h"
 #include "platform/core/RuntimeError.h"
 
 #include <cmath>
@@ -9,21 +10,7 @@ namespace tessaro::structscan {
 
 QByteArray withCrLfLineBreaks(const QByteArray &text)
 {
-    const qsizetype firstLf = text.indexOf('\n');
-    if (firstLf < 0)
-        return text;
-    QByteArray result;
-    result.reserve(text.size() + text.size() / 16);
-    qsizetype from = 0;
-    for (qsizetype lf = firstLf; lf >= 0; lf = text.indexOf('\n', lf + 1)) {
-        result.append(text.constData() + from, lf - from);
-        if (lf == 0 || text[lf - 1] != '\r')
-            result.append('\r');
-        result.append('\n');
-        from = lf + 1;
-    }
-    result.append(text.constData() + from, text.size() - from);
-    return result;
+    return withCrLfBreaks(text);
 }
 
 qint32 inStr(qint32 start, const QByteArray &text, const QByteArray &needle)
@@ -61,7 +48,10 @@ void scanDeclarations(const QByteArray &text,
         const qint32 c = inStr(o + 1, text, closeBrace);
         const qint32 s = inStr(c + 1, text, semicolon);
         pos = s;
-        found(p, mid(text, c + 2, s - (c + 2)));
+        // A ";" right after the "}" (a forward declaration followed by a structure's
+        // body) selects nothing: the entry gets the empty text.
+        const qint32 length = s - (c + 2);
+        found(p, length > 0 ? mid(text, c + 2, length) : QString());
     }
 }
 

@@ -7,9 +7,9 @@
 
 namespace tessaro::structscan {
 
-// The text with every line feed that has no carriage return before it written as
-// CR LF, so positions count each line break as two characters (as the editor's
-// positions do) whatever line ends the file uses.
+// The text with every line break (CR LF, a lone LF, a lone CR) written as CR LF, so
+// positions count each break as two characters, as the editor's positions do,
+// whatever line ends the file uses.
 QByteArray withCrLfLineBreaks(const QByteArray &text);
 
 // Finds the structure types declared with "typedef struct", by plain case-sensitive
@@ -17,10 +17,11 @@ QByteArray withCrLfLineBreaks(const QByteArray &text);
 // struct" and its name. For each declaration at p: o = the next "{" at or after p,
 // c = the next "}" at or after o + 1, s = the next ";" at or after c + 1; the name is
 // the text from c + 2 up to s (the character after "}" is skipped) and the search
-// goes on from s. A missing "{" or "}" makes the next search start at the beginning
-// of the text; a missing ";" or a ";" right after the "}" raises 5 "Invalid procedure
-// call or argument", as the string functions below do. Comments, strings and the
-// preprocessor are not recognised.
+// goes on from s. Positions that select nothing (a ";" right after the "}", or a
+// missing ";") give the empty name. A missing "{" or "}" makes the next search start
+// at the beginning of the text; a missing ";" leaves the search at position 0, which
+// raises 5 "Invalid procedure call or argument" as the string functions below do.
+// Comments, strings and the preprocessor are not recognised.
 //
 // The scan relies on the caller to refuse a declaration reported twice (the same
 // position again), which it does by raising; that is what ends a scan that would

@@ -4,6 +4,7 @@
 #include "platform/core/CommonDialog.h"
 #include "platform/core/ErrorTraps.h"
 #include "shell/core/AppState.h"
+#include "shell/ui/NewChildPlacement.h"
 #include "shell/ui/frmMain.h"
 #include "workspace/core/DocumentRules.h"
 #include "workspace/ui/frmDocument.h"
@@ -63,7 +64,7 @@ frmDocument *DocumentCommands::NewDocument()
     QMdiSubWindow *child = m_frame.mdiArea()->addSubWindow(document);
     child->setAttribute(Qt::WA_DeleteOnClose);
     document->setCaption(documents::untitledCaption(number));
-    child->show();
+    showNewChild(*m_frame.mdiArea(), child);
     app().caretMoved = true;
     Q_EMIT documentCreated(document);
     return document;

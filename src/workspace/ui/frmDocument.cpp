@@ -10,10 +10,24 @@
 #include "workspace/core/DocumentRules.h"
 
 #include <QCloseEvent>
+#include <QFontDatabase>
 
 namespace tessaro {
 
-frmDocument::frmDocument(QWidget *parent) : QWidget(parent), m_code(new srcText(this))
+namespace {
+
+// The document window's own font, which its editor takes as its ambient font when it
+// is created: the system's fixed-pitch font, so source text lines up in columns.
+QWidget *withDocumentFont(QWidget *window)
+{
+    window->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    return window;
+}
+
+} // namespace
+
+frmDocument::frmDocument(QWidget *parent)
+    : QWidget(parent), m_code(new srcText(withDocumentFont(this)))
 {
     setObjectName(QStringLiteral("frmDocument"));
     setAttribute(Qt::WA_DeleteOnClose);

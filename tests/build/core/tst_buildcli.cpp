@@ -1,6 +1,7 @@
 #include "build/core/BuildCommand.h"
 #include "platform/core/TextFile.h"
 #include "shell/core/Settings.h"
+#include "support/CliRun.h"
 #include "support/TestSupport.h"
 #include "workspace/core/WorkspaceState.h"
 
@@ -13,25 +14,11 @@ using namespace tessaro;
 
 namespace {
 
-struct CliResult
-{
-    int status = -1;
-    QByteArray out;
-    QByteArray err;
-};
+using CliResult = test::CliRun;
 
 CliResult cli(const QStringList &arguments, const QProcessEnvironment &extra = {})
 {
-    QProcess process;
-    QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
-    for (const QString &key : extra.keys())
-        env.insert(key, extra.value(key));
-    process.setProcessEnvironment(env);
-    process.start(QStringLiteral(TESSARO_BIN_DIR "/tessaro-cli"), QStringList{"build"} + arguments);
-    if (!process.waitForFinished(60000))
-        return {};
-    return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
-            process.readAllStandardOutput(), process.readAllStandardError()};
+    return test::runCli(QStringList{"build"} + arguments, QString(), extra);
 }
 
 // Writes the user's settings store as the IDE leaves it at exit.

@@ -2,33 +2,20 @@
 #include "editor/core/ModeWordLists.h"
 #include "editor/core/RtfDocument.h"
 #include "platform/core/TextFile.h"
+#include "support/CliRun.h"
 #include "support/TestSupport.h"
 
-#include <QProcess>
 #include <QTemporaryDir>
 
 using namespace tessaro;
 
 namespace {
 
-struct Run
-{
-    int status = -1;
-    QByteArray out;
-    QByteArray err;
-};
+using Run = test::CliRun;
 
 Run cli(const QStringList &arguments)
 {
-    QProcess process;
-    process.start(QStringLiteral(TESSARO_BIN_DIR "/tessaro-cli"), arguments);
-    Run run;
-    if (!process.waitForFinished(60000))
-        return run;
-    run.status = process.exitCode();
-    run.out = process.readAllStandardOutput();
-    run.err = process.readAllStandardError();
-    return run;
+    return test::runCli(arguments);
 }
 
 class Caption : public DocumentCaption
@@ -117,6 +104,26 @@ private Q_SLOTS:
         QCOMPARE(rtf.status, 0);
         QCOMPARE(readRtf(textfile::fromBytes(rtf.out)).text,
                  editorText(textfile::fromBytes(bytes)));
+    }
+    void aLargeFileReadsAsTheEditorHoldsIt()
+    {
+        // Over 64 KiB with every kind of break, a CR LF across the 64 Ki boundary and a
+        // comment across the 128 Ki one: the positions are those of the editor's text,
+        // the same as for the file written with CR LF breaks.
+        const char *const breaks[] = {"\r\n", "\n", "\r"};
+        QByteArray bytes;
+        for (int line = 0; bytes.size() < 200000; ++line)
+            bytes += "int x" + QByteArray::number(line) + ";" + breaks[line % 3];
+        bytes.replace(65535, 2, "\r\n");
+        bytes.replace(131070, 4, "/**/");
+        const QByteArray crlf = textfile::toBytes(editorText(textfile::fromBytes(bytes)));
+        const Run run = cli({"colour", file("large.c", bytes)});
+        QCOMPARE(run.status, 0);
+        QVERIFY(run.out.contains(" comment\n"));
+        QCOMPARE(run.out, cli({"colour", file("large-crlf.c", crlf)}).out);
+        const Run rtf = cli({"rtf", file("large.c", bytes)});
+        QCOMPARE(rtf.status, 0);
+        QCOMPARE(rtf.out, textfile::toBytes(writeRtf(textfile::fromBytes(crlf))));
     }
     void rtfPrintsWhatTheWriterMakes()
     {

@@ -1,4 +1,5 @@
 #include "editor/core/ColourScan.h"
+#include "support/StretchDescription.h"
 #include "support/TestSupport.h"
 
 using namespace tessaro;
@@ -33,21 +34,10 @@ Stretches scan(int mode, const QString &text, const QString &blue = QString(),
     return scanText(request);
 }
 
-QString describe(const Stretches &stretches)
-{
-    QStringList lines;
-    for (const ColourStretch &s : stretches) {
-        const char *kind = s.kind == StretchKind::Comment   ? "comment"
-                           : s.kind == StretchKind::Keyword ? "keyword"
-                                                            : "text";
-        lines << QStringLiteral("%1 %2 %3 %4").arg(s.start).arg(s.length).arg(kind, s.spelling);
-    }
-    return lines.join(QLatin1Char('\n'));
-}
-
 } // namespace
 
-#define COMPARE_STRETCHES(actual, expected) QCOMPARE(describe(actual), describe(expected))
+#define COMPARE_STRETCHES(actual, expected)                                                        \
+    QCOMPARE(describeStretches(actual), describeStretches(expected))
 
 class ColourScanTest : public QObject
 {

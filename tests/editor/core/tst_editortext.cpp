@@ -1,8 +1,8 @@
 #include "editor/core/BlockEdit.h"
-#include "editor/core/PropertyColour.h"
 #include "editor/core/EditorPositions.h"
 #include "editor/core/LineEnds.h"
 #include "editor/core/PropertyBag.h"
+#include "editor/core/PropertyColour.h"
 #include "support/TestSupport.h"
 
 #include <QTextDocument>
@@ -37,6 +37,25 @@ private Q_SLOTS:
         QVERIFY(ends.breaks.empty());
         QCOMPARE(ends.usual, LineEnd::CRLF);
         QVERIFY(ends.uniform);
+    }
+
+    void theDecoderGivesTheEditorsTextHoweverTheFileIsCut()
+    {
+        // Every byte is one character, every break CR LF, also a CR LF split between
+        // two pieces; the result is what withCrLfBreaks makes of the decoded file.
+        const QByteArray bytes("a\r\nb\nc\rd\r\r\n\n\xe9\xff\0e\r", 17);
+        const QString expected = withCrLfBreaks(QString::fromLatin1(bytes));
+        QCOMPARE(expected, QString::fromLatin1("a\r\nb\r\nc\r\nd\r\n\r\n\r\n\xe9\xff\0e\r\n", 22));
+        for (qsizetype cut = 1; cut <= bytes.size(); ++cut) {
+            CrLfTextDecoder decoder;
+            for (qsizetype from = 0; from < bytes.size(); from += cut) {
+                decoder.add(bytes.mid(from, cut));
+                decoder.add(QByteArrayView());
+            }
+            QCOMPARE(decoder.take(), expected);
+        }
+        CrLfTextDecoder nothing(100);
+        QCOMPARE(nothing.take(), QString());
     }
 
     void publicPositionsCountALineBreakAsTwo()
@@ -103,7 +122,8 @@ private Q_SLOTS:
         const auto r = blockedit::markerRemoval(QStringLiteral("\t// a"), QStringLiteral("//"));
         QCOMPARE(r.offset, 1);
         QCOMPARE(r.length, 2);
-        QCOMPARE(blockedit::markerRemoval(QStringLiteral("x // y"), QStringLiteral("//")).offset, -1);
+        QCOMPARE(blockedit::markerRemoval(QStringLiteral("x // y"), QStringLiteral("//")).offset,
+                 -1);
         QCOMPARE(blockedit::markerRemoval(QStringLiteral("    "), QStringLiteral("//")).offset, -1);
     }
     void blankOutdentNeedsTheWholeIndentUnit()
@@ -117,7 +137,8 @@ private Q_SLOTS:
     void tabOutdentSkipsLeadingBlanks()
     {
         QCOMPARE(blockedit::markerRemoval(QStringLiteral("  \tx"), QStringLiteral("\t")).offset, 2);
-        QCOMPARE(blockedit::markerRemoval(QStringLiteral("    x"), QStringLiteral("\t")).offset, -1);
+        QCOMPARE(blockedit::markerRemoval(QStringLiteral("    x"), QStringLiteral("\t")).offset,
+                 -1);
     }
 
     void colourValuesAreBlueGreenRed()
@@ -130,7 +151,6 @@ private Q_SLOTS:
         QCOMPARE(propertycolour::toColor(propertycolour::WindowBackground, palette),
                  palette.color(QPalette::Base));
     }
-
 };
 
 TESSARO_CORE_TEST_MAIN(EditorTextTest)

@@ -2,6 +2,7 @@
 #include "platform/core/ErrorTraps.h"
 #include "platform/core/FixedList.h"
 #include "platform/core/Paths.h"
+#include "platform/core/Prefault.h"
 #include "platform/core/TextFile.h"
 #include "platform/core/Twips.h"
 #include "support/TestSupport.h"
@@ -19,11 +20,21 @@ private Q_SLOTS:
         QTest::addColumn<QString>("path");
         QTest::addColumn<QString>("file");
         QTest::addColumn<QString>("dir");
-        QTest::newRow("absolute") << "/mod/game/g_main.c" << "g_main.c" << "/mod/game";
-        QTest::newRow("no separator") << "g_main.c" << "" << "";
-        QTest::newRow("trailing separator") << "/mod/game/" << "" << "/mod/game";
-        QTest::newRow("root") << "/" << "" << "";
-        QTest::newRow("empty") << "" << "" << "";
+        QTest::newRow("absolute") << "/mod/game/g_main.c"
+                                  << "g_main.c"
+                                  << "/mod/game";
+        QTest::newRow("no separator") << "g_main.c"
+                                      << ""
+                                      << "";
+        QTest::newRow("trailing separator") << "/mod/game/"
+                                            << ""
+                                            << "/mod/game";
+        QTest::newRow("root") << "/"
+                              << ""
+                              << "";
+        QTest::newRow("empty") << ""
+                               << ""
+                               << "";
     }
     void pathHelpersScanFromTheEnd()
     {
@@ -138,6 +149,24 @@ private Q_SLOTS:
         QCOMPARE(QDir(dir.path()).entryList(QDir::Files), QStringList{"x.c"});
     }
 
+    void prefaultingKeepsTheBuffersBytes()
+    {
+        // Unaligned ends, a buffer smaller than a page and nothing at all are fine.
+        QByteArray buffer(3 * 1024 * 1024 + 123, Qt::Uninitialized);
+        for (qsizetype i = 0; i < buffer.size(); i += 4093)
+            buffer[i] = char(i % 251);
+        const QByteArray before = buffer;
+        prefaultForWriting(buffer.data() + 1, buffer.size() - 2);
+        prefaultForWriting(buffer.data() + 5, 100);
+        prefaultForWriting(nullptr, 0);
+        QCOMPARE(buffer, before);
+        QString text;
+        text.reserve(1024 * 1024);
+        prefaultForWriting(text.data(), text.capacity() * qsizetype(sizeof(QChar)));
+        text.fill(u'x', 1024 * 1024);
+        QCOMPARE(text.count(u'x'), qsizetype(1024 * 1024));
+    }
+
     void twipsAreFifteenToAPixelAt96Dpi()
     {
         QCOMPARE(twips::perPixel(96), 15.0);
@@ -186,8 +215,11 @@ private Q_SLOTS:
     void pipeFiltersBecomeQtFilters()
     {
         QCOMPARE(qtNameFilters("Source Files (*.c, *.h)|*.c;*.h|All Files (*.*)|*.*"),
-                 (QStringList{"Source Files (*.c *.h)", "All Files (*.*)"}));
+                 (QStringList{"Source Files (*.c *.h)", "All Files (*)"}));
         QCOMPARE(qtNameFilters("Executables|*"), QStringList{"Executables (*)"});
+        // "*.*" is every file wherever it stands; other patterns with dots stay.
+        QCOMPARE(qtNameFilters("Mixed|*.c;*.*;*.h"), QStringList{"Mixed (*.c * *.h)"});
+        QCOMPARE(qtNameFilters("Dotted|*.*.bak"), QStringList{"Dotted (*.*.bak)"});
     }
     void severalChosenFilesGiveTheFolderAndTheNames()
     {

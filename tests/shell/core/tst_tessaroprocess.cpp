@@ -2,16 +2,13 @@
 // lock, a settings round, a corrupt setting and a copy of the program in another
 // folder. Every run has its own private account folders; the program reports what it
 // does through its event log (TESSARO_EVENT_LOG) and ends on SIGTERM the normal way.
+#include "support/ProgramAccount.h"
 #include "support/TestSupport.h"
 #include "tools/core/RegistryStore.h"
 
 #include <QDir>
-#include <QElapsedTimer>
 #include <QFile>
 #include <QProcess>
-#include <QTemporaryDir>
-
-#include <memory>
 
 using namespace tessaro;
 
@@ -27,94 +24,9 @@ QByteArray readAll(const QString &path)
     return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
 }
 
-// A user account of its own: home, XDG folders and event log.
-class Account
-{
-public:
-    Account()
-    {
-        for (const char *sub : {"config", "data", "runtime", "etc-xdg", "cache"})
-            QDir().mkpath(m_dir.path() + "/" + sub);
-        QFile::setPermissions(m_dir.path() + "/runtime",
-                              QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    }
-    QString path(const QString &sub) const { return m_dir.path() + "/" + sub; }
-    QString settingsFile() const { return path("config/Tessaro/Tessaro.ini"); }
-    QString desktopFile() const { return path("data/applications/tessaro.desktop"); }
-
-    QProcessEnvironment environment() const
-    {
-        QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
-        env.insert("HOME", m_dir.path());
-        env.insert("XDG_CONFIG_HOME", path("config"));
-        env.insert("XDG_DATA_HOME", path("data"));
-        env.insert("XDG_CACHE_HOME", path("cache"));
-        env.insert("XDG_RUNTIME_DIR", path("runtime"));
-        env.insert("XDG_CONFIG_DIRS", path("etc-xdg"));
-        env.insert("QT_QPA_PLATFORM", "offscreen");
-        env.insert("TESSARO_HEADLESS_MSGBOX", "1");
-        env.insert("TESSARO_EVENT_LOG", path("events"));
-        return env;
-    }
-
-    std::unique_ptr<QProcess> start(const QStringList &arguments, const QString &program = kProgram,
-                                    QProcessEnvironment env = QProcessEnvironment()) const
-    {
-        auto process = std::make_unique<QProcess>();
-        process->setProcessEnvironment(env.isEmpty() ? environment() : env);
-        process->start(program, arguments);
-        process->waitForStarted(10000);
-        return process;
-    }
-
-    // A later copy that could not open a window even if it tried: no display at all.
-    std::unique_ptr<QProcess> startWithoutDisplay(const QStringList &arguments) const
-    {
-        QProcessEnvironment env = environment();
-        env.insert("QT_QPA_PLATFORM", "xcb");
-        env.remove("DISPLAY");
-        env.remove("WAYLAND_DISPLAY");
-        return start(arguments, kProgram, env);
-    }
-
-    QStringList events() const
-    {
-        QStringList lines;
-        for (const QByteArray &line : readAll(path("events")).split('\n'))
-            if (!line.isEmpty())
-                lines << QString::fromUtf8(line.mid(line.indexOf(' ') + 1));
-        return lines;
-    }
-    // Waits until the event has been logged `count` times.
-    bool waitForEvent(const QString &event, int count = 1, int timeoutMs = 20000) const
-    {
-        QElapsedTimer timer;
-        timer.start();
-        while (timer.elapsed() < timeoutMs) {
-            if (events().count(event) >= count)
-                return true;
-            QTest::qWait(25);
-        }
-        return false;
-    }
-
-private:
-    QTemporaryDir m_dir{QDir::homePath() + "/account-XXXXXX"};
-};
-
-// Asks a running copy to end (SIGTERM closes its main window normally).
-bool stop(QProcess &process)
-{
-    process.terminate();
-    return process.waitForFinished(20000) && process.exitStatus() == QProcess::NormalExit &&
-           process.exitCode() == 0;
-}
-
-bool finishesQuietly(QProcess &process)
-{
-    return process.waitForFinished(15000) && process.exitStatus() == QProcess::NormalExit &&
-           process.exitCode() == 0;
-}
+using Account = test::ProgramAccount;
+using test::finishesQuietly;
+using test::stop;
 
 } // namespace
 
@@ -142,6 +54,36 @@ private Q_SLOTS:
         const QStringList documents = account.events().filter(QRegularExpression("^document "));
         QCOMPARE(documents.size(), 1);
         QVERIFY2(documents[0].endsWith("g_main.c"), qPrintable(documents[0]));
+    }
+    void relativePathsOpenTheFileInTheFolderTheyWereGivenIn()
+    {
+        Account account;
+        const QString mod = QFileInfo(TESSARO_SOURCE_DIR "/examples/samplemod").canonicalFilePath();
+        // The first copy's own argument, relative to the folder it starts in.
+        auto first = account.start({"g_main.c"}, kProgram, {}, mod + "/game");
+        QVERIFY(account.waitForEvent("loaded"));
+        QVERIFY2(account.events().contains("open " + mod + "/game/g_main.c"),
+                 qPrintable(account.events().join('\n')));
+        // Later copies in another folder: the path is theirs, not the first copy's.
+        auto second = account.startWithoutDisplay({"ui_main.c"}, mod + "/ui");
+        QVERIFY(finishesQuietly(*second));
+        QVERIFY(account.events().contains("open " + mod + "/ui/ui_main.c"));
+        auto third = account.startWithoutDisplay({"./../cgame//cg_main.c"}, mod + "/ui");
+        QVERIFY(finishesQuietly(*third));
+        QVERIFY(account.events().contains("open " + mod + "/cgame/cg_main.c"));
+        // A file that does not exist yet is looked for where it was named, too.
+        auto fourth = account.startWithoutDisplay({"nosuch.c"}, mod + "/ui");
+        QVERIFY(finishesQuietly(*fourth));
+        QVERIFY(account.events().contains("open " + mod + "/ui/nosuch.c"));
+        QVERIFY(stop(*first));
+        const QByteArray errors = first->readAllStandardError();
+        QCOMPARE(errors.count("File not found"), 1);
+        QVERIFY2(errors.contains(QFile::encodeName(mod + "/ui/nosuch.c")), errors.constData());
+        QCOMPARE(
+            account.events().filter(QRegularExpression("^document ")),
+            QStringList({"document " + mod + "/game/g_main.c", "document " + mod + "/ui/ui_main.c",
+                         "document " + mod + "/cgame/cg_main.c",
+                         "document " + mod + "/ui/nosuch.c - Colour Coding..."}));
     }
     void aSecondCopyWithoutArgumentsOnlyActivatesTheFirst()
     {

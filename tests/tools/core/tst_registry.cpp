@@ -26,15 +26,7 @@ struct TempRegistry
     RegistryStore store;
 };
 
-RuntimeError errorOf(const std::function<void()> &fn)
-{
-    try {
-        fn();
-    } catch (const RuntimeError &e) {
-        return e;
-    }
-    return RuntimeError(0, QString(), QString());
-}
+using test::errorOf;
 
 QString text(RegistryStore &store, quint32 root, const QString &path)
 {

@@ -1,6 +1,8 @@
 #include "platform/core/ErrorTraps.h"
 #include "platform/core/TextFile.h"
 #include "shell/core/AppState.h"
+#include "support/CliRun.h"
+#include "support/RealModWorkspace.h"
 #include "support/TestSupport.h"
 #include "workspace/core/StructScan.h"
 #include "workspace/core/WorkspaceSession.h"
@@ -51,6 +53,20 @@ qint64 scanError(const QByteArray &text, QList<Found> *found = nullptr)
     return 0;
 }
 
+// The structure view's group nodes in their order: Game, CGame, Headers, UI.
+QString nextGroup(const QString &key)
+{
+    const QStringList order{"", "G", "C", "H", "U"};
+    return order.value(order.indexOf(key) + 1);
+}
+
+QString groupLine(const QString &key)
+{
+    static const QMap<QString, QString> texts{
+        {"G", "Game"}, {"C", "CGame"}, {"H", "Headers"}, {"U", "UI"}};
+    return key + QLatin1Char('\t') + texts.value(key) + QLatin1Char('\n');
+}
+
 } // namespace
 
 QT_BEGIN_NAMESPACE
@@ -69,10 +85,7 @@ class StructViewTest : public QObject
     QTemporaryDir m_dir;
     QString writeFile(const QString &name, const QByteArray &bytes)
     {
-        const QString path = m_dir.filePath(name);
-        QDir().mkpath(QFileInfo(path).absolutePath());
-        textfile::writeBytes(path, bytes);
-        return path;
+        return test::writeFileIn(m_dir.path(), name, bytes);
     }
 
 private Q_SLOTS:
@@ -111,6 +124,25 @@ private Q_SLOTS:
         QCOMPARE(structscan::withCrLfLineBreaks("no breaks"), QByteArray("no breaks"));
     }
 
+    void everyKindOfLineBreakCountsAsTwoCharacters()
+    {
+        // CR LF, a lone LF and a lone CR each end one line, as in the editor.
+        const QByteArray mixed = "/* one */\r\n#include <x.h>\ntypedef struct a_s {\r int a;\n"
+                                 "} a_t;\r\rtypedef struct {\r\n int b; }\rb_t;\n";
+        const QByteArray crlf = "/* one */\r\n#include <x.h>\r\ntypedef struct a_s {\r\n int a;\r\n"
+                                "} a_t;\r\n\r\ntypedef struct {\r\n int b; }\r\nb_t;\r\n";
+        QCOMPARE(structscan::withCrLfLineBreaks(mixed), crlf);
+        QCOMPARE(scan(mixed), QList<Found>({{28, "a_t"}, {69, "\nb_t"}}));
+        QCOMPARE(scan(mixed), scan(crlf));
+        QCOMPARE(structscan::withCrLfLineBreaks("a\rb\r\nc\nd\r"),
+                 QByteArray("a\r\nb\r\nc\r\nd\r\n"));
+        QCOMPARE(structscan::withCrLfLineBreaks("\r\r\n\n\r"), QByteArray("\r\n\r\n\r\n\r\n"));
+        QCOMPARE(structscan::withCrLfLineBreaks("\n\r"), QByteArray("\r\n\r\n"));
+        QCOMPARE(structscan::withCrLfLineBreaks(QByteArray()), QByteArray());
+        // A text that holds CR LF alone comes back as it is, without a copy.
+        QCOMPARE(structscan::withCrLfLineBreaks(crlf).constData(), crlf.constData());
+    }
+
     void theSearchIsCaseSensitiveAndBlindToComments()
     {
         QCOMPARE(scan("Typedef Struct a { int x; } a_t;"), QList<Found>());
@@ -125,18 +157,63 @@ private Q_SLOTS:
                  QList<Found>({{1, "\n\tname_t\r\n"}}));
     }
 
-    void aSemicolonRightAfterTheBraceRaisesInvalidCall()
+    void aSemicolonRightAfterTheBraceGivesTheEmptyName()
     {
-        QCOMPARE(scanError("typedef struct { int x; };"), qint64(5));
+        QCOMPARE(scan("typedef struct { int x; };"), QList<Found>({{1, ""}}));
     }
 
-    void aDeclarationWithoutSemicolonRaisesInvalidCall()
+    void aForwardDeclarationBeforeTheBodyGivesTheEmptyNameAndTheScanGoesOn()
     {
+        // The "{" and "}" found are those of the structure's body; the ";" right after
+        // the "}" selects nothing. The scan goes on from that ";".
+        QCOMPARE(scan("typedef struct gentity_s gentity_t;\nstruct gentity_s { int health; };\n"),
+                 QList<Found>({{1, ""}}));
+        QCOMPARE(scan("typedef struct gentity_s gentity_t;\n"
+                      "typedef struct gclient_s gclient_t;\n"
+                      "struct gentity_s { gclient_t *client; };\n"
+                      "typedef struct { int time; } level_locals_t;\n"
+                      "struct gclient_s { int ps; };\n"),
+                 QList<Found>({{1, ""}, {117, "level_locals_t"}}));
+    }
+
+    void aHeaderEndingInAForwardDeclarationAndItsBodyIsScannedToTheEnd()
+    {
+        QCOMPARE(scan("typedef struct a_s { int x; } a_t;\n"
+                      "typedef struct b_s b_t;\n"
+                      "struct b_s { int y; };\n"),
+                 QList<Found>({{1, "a_t"}, {37, ""}}));
+    }
+
+    void aHeaderEndingInAForwardDeclarationAfterOtherStructuresStops()
+    {
+        // With no "{" after the last declaration, its "}" and ";" are found from the
+        // start of the text, the search comes back to that declaration and the
+        // repeated position stops the scan.
+        QList<Found> found;
+        QCOMPARE(scanError("typedef struct a_s { int x; } a_t;\n"
+                           "struct b_s { int y; };\n"
+                           "typedef struct b_s b_t;\n",
+                           &found),
+                 qint64(35602));
+        QCOMPARE(found, QList<Found>({{1, "a_t"}, {59, "a_t"}}));
+        // The first "}" of the text with its ";" right after it selects nothing.
+        QCOMPARE(scanError("struct a_s { int x; };\n"
+                           "struct b_s { int y; };\n"
+                           "typedef struct a_s a_t;\n",
+                           &found),
+                 qint64(35602));
+        QCOMPARE(found, QList<Found>({{47, ""}}));
+    }
+
+    void aDeclarationWithoutSemicolonGetsTheEmptyNameThenRaisesInvalidCall()
+    {
+        // No ";" selects nothing; the search then goes on from position 0, which
+        // BASIC's InStr refuses.
         QList<Found> found;
         QCOMPARE(
             scanError("typedef struct a { int x; } a_t;\ntypedef struct b { int y; } b_t", &found),
             qint64(5));
-        QCOMPARE(found, QList<Found>({{1, "a_t"}}));
+        QCOMPARE(found, QList<Found>({{1, "a_t"}, {34, ""}}));
     }
 
     void aDeclarationWithoutBracesSearchesFromTheStart()
@@ -153,6 +230,115 @@ private Q_SLOTS:
         QCOMPARE(scan("typedef struct b b_t;"), QList<Found>({{1, "ypedef struct b b_t"}}));
         QCOMPARE(scan("typedef struct b { int x; b_t;"),
                  QList<Found>({{1, "ypedef struct b { int x"}}));
+    }
+
+    void aWorkspaceOfRealLookingModSourcesOpens()
+    {
+        // Forward declarations in q_shared.h, g_local.h and cg_local.h; the entry of a
+        // forward declaration takes whatever its positions select: nothing, or the
+        // next structure's name (whose own declaration the scan then passes over).
+        const struct
+        {
+            const char *file;
+            qint32 position;
+            const char *name;
+        } entries[] = {
+            {"game/g_main.c", 117, "cvarTable_t"},
+            {"game/g_utils.c", 83, "shaderRemap_t"},
+            {"game/bg_pmove.c", 333, "pml_t"},
+            {"cgame/cg_main.c", 1873, "cvarTable_t"},
+            {"cgame/cg_draw.c", 522, "lagometer_t"},
+            {"game/q_shared.h", 1090, ""},
+            {"game/q_shared.h", 1736, "trace_t"},
+            {"game/q_shared.h", 2306, "markFragment_t"},
+            {"game/q_shared.h", 2380, "orientation_t"},
+            {"game/q_shared.h", 2676, "trajectory_t"},
+            {"game/q_shared.h", 2976, "playerState_t"},
+            {"game/q_shared.h", 3926, "usercmd_t"},
+            {"game/q_shared.h", 4245, "entityState_t"},
+            {"game/q_shared.h", 5613, "qtime_t"},
+            {"game/bg_public.h", 1652, "pmove_t"},
+            {"game/bg_public.h", 3597, "gitem_t"},
+            {"game/bg_public.h", 4366, "animation_t"},
+            {"game/g_public.h", 925, "entityShared_t"},
+            {"game/g_public.h", 2386, "sharedEntity_t"},
+            {"game/g_local.h", 1041, ""},
+            {"game/g_local.h", 4094, "playerTeamState_t"},
+            {"game/g_local.h", 4891, "clientSession_t"},
+            {"game/g_local.h", 5389, "clientPersistant_t"},
+            {"game/g_local.h", 8352, "level_locals_t"},
+            {"cgame/cg_local.h", 1892, "lerpFrame_t"},
+            {"cgame/cg_local.h", 2337, "playerEntity_t"},
+            {"cgame/cg_local.h", 2855, "centity_t"},
+            {"cgame/cg_local.h", 3999, "markPoly_t"},
+            {"cgame/cg_local.h", 4589, "light"},
+            {"cgame/cg_local.h", 5283, "score_t"},
+            {"cgame/cg_local.h", 7691, "weaponInfo_t"},
+            {"cgame/cg_local.h", 8714, "itemInfo_t"},
+            {"cgame/cg_local.h", 8827, "powerupInfo_t"},
+            {"cgame/cg_local.h", 9229, "cg_t"},
+            {"ui/ui_local.h", 2440, "menuframework_s"},
+            {"ui/ui_local.h", 2702, "menucommon_s"},
+            {"ui/ui_local.h", 3019, "mfield_t"},
+            {"ui/ui_local.h", 3146, "menufield_s"},
+            {"ui/ui_local.h", 3224, "menuslider_s"},
+            {"ui/ui_local.h", 3358, "menulist_s"},
+            {"ui/ui_local.h", 3568, "menuaction_s"},
+            {"ui/ui_local.h", 3629, "menuradiobutton_s"},
+            {"ui/ui_local.h", 3711, "menubitmap_s"},
+            {"ui/ui_local.h", 3901, "menutext_s"},
+            {"ui/ui_local.h", 4792, "uiStatic_t"},
+            {"ui/ui_main.c", 1104, "cvarTable_t"},
+            {"ui/ui_mainmenu.c", 469, "mainmenu_t"},
+        };
+        QString expected;
+        QString group;
+        for (const auto &entry : entries) {
+            const QString file = QLatin1String(entry.file);
+            const QString key = file.endsWith(".h")         ? "H"
+                                : file.startsWith("game/")  ? "G"
+                                : file.startsWith("cgame/") ? "C"
+                                                            : "U";
+            for (; group != key; group = nextGroup(group))
+                expected += groupLine(nextGroup(group));
+            expected += QStringLiteral("  %1/%2-%3\t%4\n")
+                            .arg(test::realModFolder(), file)
+                            .arg(entry.position)
+                            .arg(QLatin1String(entry.name));
+        }
+        for (; group != "U"; group = nextGroup(group))
+            expected += groupLine(nextGroup(group));
+
+        const QString tdi = test::writeRealModWorkspace(m_dir.filePath("realmod.tdi"));
+        AppState state;
+        WorkspaceSession session(state);
+        QVERIFY(trapped([&] { session.openWorkspaceFile(tdi); }));
+        QVERIFY(state.workspace.open);
+        QCOMPARE(session.structView().listing(), expected);
+
+        const test::CliRun structs = test::runCli({"structs", tdi});
+        QCOMPARE(structs.err, QByteArray());
+        QCOMPARE(structs.status, 0);
+        QCOMPARE(QString::fromUtf8(structs.out), expected);
+    }
+
+    void theCommandLineToolReportsAHeaderThatStopsTheBuilding()
+    {
+        const QString g = writeFile("fwd/game/g_main.c", "typedef struct { int a; } a_t;\n");
+        const QString h = writeFile("fwd/game/g_local.h", "typedef struct a_s { int x; } a_t;\n"
+                                                          "struct b_s { int y; };\n"
+                                                          "typedef struct b_s b_t;\n");
+        const QString tdi =
+            writeFile("fwd.tdi", ("GAME=" + g + "\r\nHEAD=" + h + "\r\n\r\n").toUtf8());
+        const test::CliRun structs = test::runCli({"structs", tdi});
+        QCOMPARE(structs.status, 1);
+        QCOMPARE(QString::fromUtf8(structs.out),
+                 QStringLiteral("G\tGame\n  %1-1\ta_t\nC\tCGame\nH\tHeaders\n  %2-1\ta_t\n"
+                                "  %2-61\ta_t\n")
+                     .arg(g, h));
+        QCOMPARE(structs.err,
+                 QByteArray("tessaro-cli structs: stopped by run-time error 35602: Key is not "
+                            "unique in collection\n"));
     }
 
     void basicStringFunctions()

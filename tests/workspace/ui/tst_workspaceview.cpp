@@ -1,16 +1,22 @@
+#include "editor/ui/srcText.h"
 #include "platform/core/TextFile.h"
 #include "shell/core/AppState.h"
 #include "shell/ui/frmMain.h"
+#include "support/CliRun.h"
+#include "support/RealModWorkspace.h"
 #include "support/TestSupport.h"
 #include "workspace/core/FileBrowserModel.h"
 #include "workspace/ui/FileBrowser.h"
 #include "workspace/ui/TreeMirror.h"
 #include "workspace/ui/WorkspaceCommands.h"
+#include "workspace/ui/frmDocument.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QComboBox>
 #include <QListWidget>
+#include <QMdiArea>
+#include <QMdiSubWindow>
 #include <QTabBar>
 #include <QTemporaryDir>
 #include <QTimer>
@@ -55,10 +61,7 @@ class WorkspaceViewTest : public QObject
     QTemporaryDir m_dir{QDir::tempPath() + "/wsview_XXXXXX"};
     QString writeFile(const QString &name, const QByteArray &bytes)
     {
-        const QString path = m_dir.filePath(name);
-        QDir().mkpath(QFileInfo(path).absolutePath());
-        textfile::writeBytes(path, bytes);
-        return path;
+        return test::writeFileIn(m_dir.path(), name, bytes);
     }
 
     std::unique_ptr<frmMain> m_frame;
@@ -210,6 +213,54 @@ private Q_SLOTS:
         trigger("mnuFileCW");
         QCOMPARE(list1()->topLevelItemCount(), 0);
         QCOMPARE(code1()->topLevelItemCount(), 0);
+    }
+
+    void anEntryInAFileWithMixedLineEndsOpensAtItsDeclaration()
+    {
+        // CR LF, lone LF and lone CR lines: the caret lands one character after the
+        // start of "typedef struct", as the editor counts positions.
+        const QString g = writeFile("mixed/game/g_local.h",
+                                    "/* mixed */\r\n#define A 1\rtypedef struct a_s {\n int a;\r"
+                                    "} a_t;\n\r\ntypedef struct b_s {\r int b;\r\n} b_t;\r"
+                                    "\rtypedef struct { int c; }\nc_t;\n");
+        const QString tdi = writeFile("mixed.tdi", ("GAME=" + g + "\r\n\r\n").toUtf8());
+        test::ScriptedCommonDialog dialog;
+        dialog.answers << tdi;
+        trigger("mnuFileOW");
+        QCOMPARE(listing(list1()),
+                 QStringLiteral("G\tGame\n  %1-27\ta_t\n  %1-68\tb_t\n  %1-109\t\nc_t\n"
+                                "C\tCGame\nH\tHeaders\nU\tUI\n")
+                     .arg(g));
+        itemWithKey(list1(), "G")->setExpanded(true);
+        for (const char *position : {"27", "68", "109"}) {
+            click(list1(), g + "-" + position);
+            QCOMPARE(app().pendingOpenPath, g);
+            m_frame->LoadDocument(app().pendingOpenPath);
+            app().pendingOpenPath.clear();
+            auto *document =
+                qobject_cast<frmDocument *>(m_frame->mdiArea()->activeSubWindow()->widget());
+            QVERIFY(document);
+            const srcText *code = document->code();
+            QCOMPARE(code->SelStart(), qsizetype(QByteArray(position).toInt()));
+            QCOMPARE(code->Text().mid(code->SelStart() - 1, 14), QStringLiteral("typedef struct"));
+        }
+    }
+
+    void aRealLookingModOpensInTheWindowAsInTheCommandLineTool()
+    {
+        const QString tdi = test::writeRealModWorkspace(m_dir.filePath("realmod.tdi"));
+        test::ScriptedCommonDialog dialog;
+        dialog.answers << tdi;
+        trigger("mnuFileOW");
+        QVERIFY(app().workspace.open);
+        QCOMPARE(app().workspace.path, tdi);
+        QCOMPARE(code1()->topLevelItemCount(), 4);
+
+        const test::CliRun structs = test::runCli({"structs", tdi});
+        QCOMPARE(structs.status, 0);
+        const QString printed = QString::fromUtf8(structs.out);
+        QCOMPARE(listing(list1()), printed);
+        QVERIFY(printed.contains("/game/g_local.h-1041\t\n"));
     }
 
     void theBrowserStartsAtTheRootWithTheRootDriveFirst()
