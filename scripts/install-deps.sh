@@ -2,8 +2,9 @@
 # Installs the Debian 12 packages Tessaro needs to build, run and test, when missing.
 set -e
 # librsvg2-bin renders the icon at build time; dpkg-dev (dpkg-shlibdeps), desktop-file-utils,
-# appstream and man-db are used by the install and package test.
-packages="cmake ninja-build g++ qt6-base-dev qt6-base-dev-tools libgl-dev xvfb xauth fonts-dejavu-core
+# appstream and man-db are used by the install and package test; xdotool types into the
+# real program in the recovery process test.
+packages="cmake ninja-build g++ qt6-base-dev qt6-base-dev-tools libgl-dev xvfb xauth xdotool fonts-dejavu-core
           librsvg2-bin dpkg-dev desktop-file-utils appstream man-db"
 missing=""
 for p in $packages; do

@@ -33,7 +33,7 @@ void ensurePrivateHome()
         std::exit(2);
     }
     for (const char *name : {"HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME",
-                             "XDG_RUNTIME_DIR", "XDG_CONFIG_DIRS"}) {
+                             "XDG_STATE_HOME", "XDG_RUNTIME_DIR", "XDG_CONFIG_DIRS"}) {
         const QString dir = qEnvironmentVariable(name);
         if (!dir.isEmpty())
             QDir().mkpath(dir);
@@ -41,6 +41,12 @@ void ensurePrivateHome()
     const QString runtime = qEnvironmentVariable("XDG_RUNTIME_DIR");
     if (!runtime.isEmpty())
         QFile::setPermissions(runtime, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+}
+
+QByteArray readFile(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
 RecordingMessageBox::RecordingMessageBox() : m_previous(setMessageBoxService(this)) {}

@@ -21,6 +21,10 @@ namespace tessaro::test {
 // by hand can never touch the real user's files.
 void ensurePrivateHome();
 
+// A file's bytes; empty when it is missing or cannot be read (tests compare contents
+// and never want the program's own error for that).
+QByteArray readFile(const QString &path);
+
 // Writes a file of the given bytes at name inside the folder, making the folders
 // between, and returns its path.
 QString writeFileIn(const QString &folder, const QString &name, const QByteArray &bytes);

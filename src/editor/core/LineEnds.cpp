@@ -4,6 +4,8 @@
 
 #include <QByteArray>
 
+#include <algorithm>
+
 #include <array>
 #include <type_traits>
 
@@ -55,6 +57,15 @@ LineEnds scanLineEnds(const QString &text)
     }
     result.uniform = best == static_cast<qsizetype>(result.breaks.size());
     return result;
+}
+
+LineEnds lineEndsWithUsual(const QString &text, LineEnd usual)
+{
+    LineEnds ends = scanLineEnds(text);
+    ends.usual = usual;
+    ends.uniform = std::all_of(ends.breaks.begin(), ends.breaks.end(),
+                               [usual](LineEnd end) { return end == usual; });
+    return ends;
 }
 
 template <typename Text> Text withCrLfBreaks(const Text &text)

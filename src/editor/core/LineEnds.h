@@ -26,6 +26,10 @@ struct LineEnds
 
 LineEnds scanLineEnds(const QString &text);
 
+// The text's line breaks as scanLineEnds finds them, with the given usual kind: lines
+// typed anew get it, and the text is uniform only when every break is of that kind.
+LineEnds lineEndsWithUsual(const QString &text, LineEnd usual);
+
 // The text with every line break written as CR LF, breaks counted as scanLineEnds
 // counts them (CR LF, a lone LF, a lone CR). Positions in the result count each break
 // as two characters, as the editor's public positions do. A text whose breaks are all

@@ -246,6 +246,19 @@ void srcText::setDocumentText(const QString &text, const LineEnds *lineEnds)
 void srcText::SaveFile(const QString &strFileName, int FileType)
 {
     Q_UNUSED(FileType); // always plain text: colours never reach a source file
+    try {
+        textfile::write(strFileName, fileText());
+        m_saved = true;
+        m_modified = false;
+    } catch (const RuntimeError &) {
+        // Saving ignores its errors; Saved tells whether the file was written.
+        return;
+    }
+    Q_EMIT FileSaved(strFileName);
+}
+
+QString srcText::fileText() const
+{
     const QTextDocument *doc = m_rtfMain->document();
     QString text;
     text.reserve(doc->characterCount() + doc->blockCount());
@@ -257,13 +270,19 @@ void srcText::SaveFile(const QString &strFileName, int FileType)
         }
         text += block.text();
     }
-    try {
-        textfile::write(strFileName, text);
-        m_saved = true;
-        m_modified = false;
-    } catch (const RuntimeError &) {
-        // Saving ignores its errors; Saved tells whether the file was written.
-    }
+    return text;
+}
+
+void srcText::restoreText(const QString &text, LineEnd usual, const QString &strFileName)
+{
+    const LineEnds lineEnds = lineEndsWithUsual(text, usual);
+    setDocumentText(text, &lineEnds);
+    setMode(modeForFileName(strFileName));
+    if (m_mode == mode::C)
+        ColourDocument();
+    m_fileName = strFileName;
+    m_modified = true;
+    m_saved = false;
 }
 
 QString srcText::FileTitle() const { return paths::filePart(m_fileName); }

@@ -113,6 +113,14 @@ public:
     // loaded with, new lines get the file's usual break (CR LF for a new text).
     // Errors are ignored. Sets Saved and clears Modified when the file was written.
     Q_INVOKABLE void SaveFile(const QString &strFileName, int FileType = 1);
+    // The text as SaveFile writes it: each line with its own break.
+    QString fileText() const;
+    // The kind of break that lines typed anew get.
+    LineEnd usualLineEnd() const { return m_usualLineEnd; }
+    // Takes a text kept from an earlier session as if the file had been loaded with
+    // it (mode and colouring from the file name), but as a changed text: Modified is
+    // set. New lines get the given break.
+    void restoreText(const QString &text, LineEnd usual, const QString &strFileName);
 
     // ---- Clipboard and text operations -------------------------------------------------
     Q_INVOKABLE void Copy();
@@ -275,6 +283,8 @@ Q_SIGNALS:
     void ProgressComplete();
     // Raised by LoadFile with the file's name once the text is in.
     void FileLoaded(const QString &strFileName);
+    // Raised by SaveFile with the file's name once the file was written.
+    void FileSaved(const QString &strFileName);
 
 private:
     friend class SourceEditBox;

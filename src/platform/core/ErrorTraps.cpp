@@ -1,6 +1,7 @@
 #include "platform/core/ErrorTraps.h"
 
 #include "platform/core/AppInfo.h"
+#include "platform/core/EmergencySave.h"
 #include "platform/core/MsgBox.h"
 
 #include <cstdlib>
@@ -29,6 +30,8 @@ QString runtimeErrorMessage(const RuntimeError &error)
 
 void endWithRuntimeError(const RuntimeError &error)
 {
+    // Unsaved documents are kept before the message box, which may never be answered.
+    runEmergencySave();
     MsgBox(runtimeErrorMessage(error), mb::OKOnly | mb::Critical, appTitle());
     programEnd()(1);
     std::_Exit(1); // a test's replacement may only throw; never go back to the command

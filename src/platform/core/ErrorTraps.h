@@ -9,7 +9,7 @@ namespace tessaro {
 // The application-level handler for run-time errors that no command traps: it shows
 // "Run-time error '<n>':" with the description in a message box titled "Tessaro",
 // then ends the process at once with status 1. No unload runs, so no setting is
-// written.
+// written; only the emergency save (recovery copies of changed documents) runs first.
 [[noreturn]] void endWithRuntimeError(const RuntimeError &error);
 
 // What ends the process after the message; tests replace it to observe the end

@@ -3,6 +3,7 @@
 #include <QSocketNotifier>
 
 #include <csignal>
+#include <cstdlib>
 #include <sys/socket.h>
 #include <unistd.h>
 
@@ -11,10 +12,13 @@ namespace tessaro {
 namespace {
 int g_pipe[2] = {-1, -1};
 
+constexpr char kTerminate = 1;
+constexpr char kHangUp = 2;
+
 // Only async-signal-safe work here: one byte into the pipe.
-void onSignal(int)
+void onSignal(int number)
 {
-    const char byte = 1;
+    const char byte = number == SIGHUP ? kHangUp : kTerminate;
     (void)!::write(g_pipe[0], &byte, 1);
 }
 } // namespace
@@ -26,8 +30,12 @@ TerminationSignal::TerminationSignal(QObject *parent) : QObject(parent)
     m_notifier = new QSocketNotifier(g_pipe[1], QSocketNotifier::Read, this);
     connect(m_notifier, &QSocketNotifier::activated, this, [this] {
         char byte = 0;
-        (void)!::read(g_pipe[1], &byte, 1);
-        Q_EMIT requested();
+        if (::read(g_pipe[1], &byte, 1) != 1)
+            return;
+        if (byte == kHangUp)
+            Q_EMIT hangUp();
+        else
+            Q_EMIT requested();
     });
     struct sigaction action = {};
     action.sa_handler = onSignal;
@@ -35,12 +43,21 @@ TerminationSignal::TerminationSignal(QObject *parent) : QObject(parent)
     action.sa_flags = SA_RESTART;
     ::sigaction(SIGTERM, &action, nullptr);
     ::sigaction(SIGINT, &action, nullptr);
+    ::sigaction(SIGHUP, &action, nullptr);
+}
+
+void TerminationSignal::endByHangUp()
+{
+    ::signal(SIGHUP, SIG_DFL);
+    ::raise(SIGHUP);
+    std::_Exit(128 + SIGHUP); // not reached: the default action ends the process
 }
 
 TerminationSignal::~TerminationSignal()
 {
     ::signal(SIGTERM, SIG_DFL);
     ::signal(SIGINT, SIG_DFL);
+    ::signal(SIGHUP, SIG_DFL);
     delete m_notifier;
     for (int &fd : g_pipe)
         if (fd >= 0) {

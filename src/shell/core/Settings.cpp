@@ -2,6 +2,7 @@
 
 #include "platform/core/AppInfo.h"
 #include "platform/core/RuntimeError.h"
+#include "shell/core/PlainIniFormat.h"
 
 #include <QSettings>
 #include <QStandardPaths>
@@ -62,7 +63,7 @@ QSettings &IniSettingsStore::file(const QString &application)
 {
     std::unique_ptr<QSettings> &settings = m_files[application];
     if (!settings)
-        settings = std::make_unique<QSettings>(filePath(application), QSettings::IniFormat);
+        settings = std::make_unique<QSettings>(filePath(application), plainini::format());
     return *settings;
 }
 

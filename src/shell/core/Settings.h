@@ -23,7 +23,8 @@ public:
 };
 
 // The real store: $XDG_CONFIG_HOME/<application>/<application>.ini, one group per
-// section, every value kept as its text.
+// section, every value kept as its exact text (plainini's format); keys and groups
+// the program does not know are kept.
 class IniSettingsStore : public SettingsStore
 {
 public:

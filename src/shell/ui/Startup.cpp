@@ -1,6 +1,7 @@
 #include "shell/ui/Startup.h"
 
 #include "platform/core/AppInfo.h"
+#include "platform/core/EmergencySave.h"
 #include "platform/core/ErrorTraps.h"
 #include "platform/core/EventLog.h"
 #include "platform/core/Paths.h"
@@ -12,12 +13,15 @@
 #include "shell/ui/ApplicationIcon.h"
 #include "shell/ui/frmMain.h"
 #include "shell/ui/frmSplash.h"
+#include "workspace/ui/DocumentRecovery.h"
+#include "workspace/ui/frmRecover.h"
 
 #include <QApplication>
 #include <QDir>
 #include <QFile>
 #include <QMdiArea>
 #include <QPointer>
+#include <QTimer>
 
 #include <memory>
 
@@ -88,12 +92,14 @@ int Main(int argc, char **argv)
     // main window's Unload says so.
     QApplication::setQuitOnLastWindowClosed(false);
     installWidgetDialogs();
+    installRecoveryDialog();
 
     std::unique_ptr<frmMain> mainWindow;
     QPointer<frmSplash> splash;
     splash = new frmSplash([&] {
         logEvent(QStringLiteral("splash timer"));
         mainWindow = std::make_unique<frmMain>();
+        DocumentRecovery *recovery = DocumentRecovery::install(*mainWindow);
         if (eventLogEnabled())
             mainWindow->mdiArea()->viewport()->installEventFilter(
                 new FirstPaintProbe(mainWindow.get()));
@@ -108,14 +114,23 @@ int Main(int argc, char **argv)
         links.ended = [] { QCoreApplication::quit(); };
         untrapped([&] { mainWindow->Load(links); });
         mainWindow->show();
+        // Work an earlier session left unsaved is offered once the window is up.
+        QTimer::singleShot(0, recovery, [recovery] { recovery->offerEarlierWork(); });
     });
     splash->show();
     logEvent(QStringLiteral("splash shown"));
 
-    // A request to end (SIGTERM) closes the main window the normal way, so the
-    // settings are written; before the main window exists the program just ends.
+    // A request to end (SIGTERM, SIGINT) keeps the unsaved documents' recovery copies,
+    // then closes the main window the normal way, so the settings are written; before
+    // the main window exists the program just ends. A hang-up keeps the copies and
+    // ends the program as a hang-up does.
     TerminationSignal termination;
+    QObject::connect(&termination, &TerminationSignal::hangUp, &application, [] {
+        runEmergencySave();
+        TerminationSignal::endByHangUp();
+    });
     QObject::connect(&termination, &TerminationSignal::requested, &application, [&] {
+        runEmergencySave();
         if (mainWindow && mainWindow->isMarked())
             mainWindow->close();
         else

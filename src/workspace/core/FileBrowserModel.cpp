@@ -12,10 +12,17 @@ namespace tessaro::browser {
 
 namespace {
 
+// The folder text as a file system path: Qt reads a path starting with ":" as one of
+// its compiled-in resources, but on disk ":name" is an ordinary relative folder.
+QString onDisk(const QString &folder)
+{
+    return folder.startsWith(QLatin1Char(':')) ? QStringLiteral("./") + folder : folder;
+}
+
 // Raises the error the folder lists report for a folder they cannot show.
 void checkReadableFolder(const QString &folder)
 {
-    const QFileInfo info(folder);
+    const QFileInfo info(onDisk(folder));
     if (folder.isEmpty() || !info.exists() || !info.isDir())
         raise(RuntimeError::PathNotFound);
     if (!info.isReadable() || !info.isExecutable())
@@ -39,14 +46,14 @@ QStringList driveList()
 
 QString driveOf(const QString &folder)
 {
-    const QStorageInfo volume(folder);
+    const QStorageInfo volume(onDisk(folder));
     return volume.isValid() && !volume.rootPath().isEmpty() ? volume.rootPath()
                                                             : QStringLiteral("/");
 }
 
 QString normalFolder(const QString &folder)
 {
-    QString path = QDir::cleanPath(QDir(folder).absolutePath());
+    QString path = QDir::cleanPath(QDir(onDisk(folder)).absolutePath());
     return path.isEmpty() ? QStringLiteral("/") : path;
 }
 
@@ -79,7 +86,7 @@ QVector<DirEntry> dirEntries(const QString &folder)
 QStringList fileNames(const QString &folder)
 {
     checkReadableFolder(folder);
-    return QDir(folder).entryList(QDir::Files, QDir::Name | QDir::IgnoreCase);
+    return QDir(onDisk(folder)).entryList(QDir::Files, QDir::Name | QDir::IgnoreCase);
 }
 
 QString fullName(const QString &folder, const QString &name)

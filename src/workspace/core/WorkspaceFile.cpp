@@ -5,12 +5,7 @@
 #include "platform/core/TextFile.h"
 #include "workspace/core/NodeTree.h"
 
-#include <QDir>
 #include <QFile>
-#include <QFileInfo>
-#include <QTemporaryFile>
-
-#include <cstdio>
 
 namespace tessaro::workspacefile {
 
@@ -37,32 +32,6 @@ QByteArray trimBlanks(const QByteArray &bytes)
     while (end > begin && bytes[end - 1] == ' ')
         --end;
     return bytes.mid(begin, end - begin);
-}
-
-// Replaces the workspace file in one step: the new bytes go to a temporary file in
-// the same folder, which then takes the file's place, so no reader and no crash ever
-// sees half a file and a failed write leaves the old file. Unlike textfile::writeBytes
-// it does not wait for the disk: Add File(s) rewrites the whole file once per added
-// file, and a disk sync per file would make adding a folder's files take seconds.
-void replaceWorkspaceFile(const QString &path, const QByteArray &bytes)
-{
-    if (path.isEmpty())
-        raise(RuntimeError::BadFileNameOrNumber);
-    const QFileInfo info(path);
-    if (!info.absoluteDir().exists())
-        raise(RuntimeError::PathNotFound);
-    if (info.isDir())
-        raise(RuntimeError::PathFileAccessError);
-    QTemporaryFile temporary(info.absoluteFilePath() + QStringLiteral(".XXXXXX"));
-    if (!temporary.open() || temporary.write(bytes) != bytes.size() || !temporary.flush())
-        raise(RuntimeError::PathFileAccessError);
-    // Keep the permissions the workspace file had.
-    if (info.exists())
-        temporary.setPermissions(info.permissions());
-    if (std::rename(QFile::encodeName(temporary.fileName()).constData(),
-                    QFile::encodeName(info.absoluteFilePath()).constData()) != 0)
-        raise(RuntimeError::PathFileAccessError);
-    temporary.setAutoRemove(false);
 }
 
 } // namespace
@@ -96,7 +65,7 @@ void AppendWorkspaceEntry(const QString &workspacePath, const QString &tag, cons
     text += encodePath(filePath);
     text += kLineEnd;
     text += kLineEnd;
-    replaceWorkspaceFile(workspacePath, text);
+    textfile::writeBytes(workspacePath, text);
 }
 
 void addGroupNodeIfFirst(Group group, const WorkspaceState &state, NodeTree &tree)

@@ -25,8 +25,10 @@ const Group *tagTestOrder(); // six entries
 void CreateWorkspaceFile(const QString &path);
 
 // Rewrites the whole workspace file with one entry line added: everything but the
-// file's last two bytes, then the tag, the path, CR LF and CR LF. A file shorter than
-// two bytes raises 5 and is left alone.
+// file's last two bytes, then the tag, the path, CR LF and CR LF. It is replaced
+// atomically and durably, as every file is (textfile::writeBytes): a write that fails
+// raises 75 and leaves the old file whole. A file shorter than two bytes raises 5 and
+// is left alone.
 void AppendWorkspaceEntry(const QString &workspacePath, const QString &tag,
                           const QString &filePath);
 

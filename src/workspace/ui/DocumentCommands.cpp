@@ -66,6 +66,7 @@ frmDocument *DocumentCommands::NewDocument()
     document->setCaption(documents::untitledCaption(number));
     showNewChild(*m_frame.mdiArea(), child);
     app().caretMoved = true;
+    Q_EMIT documentCreated(document);
     return document;
 }
 

@@ -39,6 +39,10 @@ public:
     // child is another kind of window (Find in Files, the output window).
     frmDocument *activeDocument() const;
 
+Q_SIGNALS:
+    // A new document window exists (shown, with its first caption).
+    void documentCreated(frmDocument *document);
+
 private:
     explicit DocumentCommands(frmMain &frame);
     void attach();

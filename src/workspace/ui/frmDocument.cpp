@@ -122,14 +122,18 @@ void frmDocument::Form_Unload()
     if (m_unloaded)
         return;
     m_unloaded = true;
-    if (!m_changed)
+    if (!m_changed) {
+        Q_EMIT unloaded(false);
         return;
+    }
     const int answer =
         MsgBox(documents::saveChangesPrompt(caption()), mb::YesNo, documents::saveChangesTitle());
-    if (answer != mb::Yes)
+    if (answer != mb::Yes) {
+        Q_EMIT unloaded(false);
         return;
+    }
     // A cancelled save dialog ends the saving; the window closes all the same.
-    trapped([this] {
+    const bool saveTried = trapped([this] {
         if (documents::isUntitled(caption())) {
             FileDialogRequest request;
             request.kind = FileDialogRequest::Save;
@@ -141,6 +145,7 @@ void frmDocument::Form_Unload()
             saveUnderCaption();
         }
     });
+    Q_EMIT unloaded(saveTried && m_code->Modified());
 }
 
 } // namespace tessaro

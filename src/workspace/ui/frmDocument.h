@@ -24,6 +24,8 @@ public:
     // True after any change of the text since the window was loaded; saving does not
     // clear it.
     bool changed() const { return m_changed; }
+    // Marks the text as changed (a text recovered from an earlier session).
+    void markChanged() { m_changed = true; }
     // True when the document is a C source shown with C colouring.
     bool ccode = false;
 
@@ -36,6 +38,13 @@ public:
     // The save-changes prompt of Form_Unload.
     void Form_Unload();
 
+Q_SIGNALS:
+    // Raised once the window is unloading, after its prompt. unsavedWorkKept is true
+    // when the user chose to save but the file could not be written: the changes
+    // exist nowhere but in the window.
+    void unloaded(bool unsavedWorkKept);
+
+public:
     // Shows the text with C colouring through the section-file line colourer: the
     // document's RTF is coloured line by line and the text takes the result's
     // colours. The text itself, its line breaks and its undo history stay as they

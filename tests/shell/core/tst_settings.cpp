@@ -1,7 +1,9 @@
 #include "platform/core/RuntimeError.h"
+#include "shell/core/PlainIniFormat.h"
 #include "shell/core/Settings.h"
 #include "support/TestSupport.h"
 
+#include <QDir>
 #include <QFile>
 #include <QMap>
 
@@ -33,6 +35,50 @@ public:
     QStringList reads, writes;
     QString lastApp, lastSection;
 };
+
+QString settingsPath()
+{
+    return IniSettingsStore::filePath(QStringLiteral("Tessaro"));
+}
+
+void writeSettingsFile(const QByteArray &bytes)
+{
+    QDir().mkpath(QFileInfo(settingsPath()).path());
+    QFile file(settingsPath());
+    QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
+    file.write(bytes);
+}
+
+QByteArray settingsFile()
+{
+    QFile file(settingsPath());
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+// Values a user may type into a box or into the file by hand.
+void addAwkwardValues()
+{
+    QTest::addColumn<QString>("value");
+    QTest::newRow("comma") << QStringLiteral("-A, -B");
+    QTest::newRow("semicolon") << QStringLiteral("/opt/My Apps/ftp;v2");
+    QTest::newRow("double quotes") << QStringLiteral("\"c:\\quake3\\lcc.exe\" -q");
+    QTest::newRow("quoted whole") << QStringLiteral("\"quoted\"");
+    QTest::newRow("single quotes") << QStringLiteral("'/opt/my tools/q3lcc'");
+    QTest::newRow("backslashes") << QStringLiteral("c:\\quake3\\bin_nt\\lcc.exe");
+    QTest::newRow("trailing backslash") << QStringLiteral("c:\\");
+    QTest::newRow("escape-like") << QStringLiteral("a\\nb\\tc\\x41\\u00e9");
+    QTest::newRow("equals") << QStringLiteral("-DNAME=VALUE=2");
+    QTest::newRow("hash") << QStringLiteral("#not a comment");
+    QTest::newRow("semicolon first") << QStringLiteral(";not a comment");
+    QTest::newRow("leading and trailing blanks") << QStringLiteral("  -g  ");
+    QTest::newRow("tab") << QStringLiteral("\t-O2\t");
+    QTest::newRow("brackets") << QStringLiteral("[Settings]");
+    QTest::newRow("at sign") << QStringLiteral("@Variant(x)");
+    QTest::newRow("non-ASCII") << QStringLiteral("/home/j\u00fcrgen/\u65e5\u672c/\U0001F600");
+    QTest::newRow("empty") << QString();
+    QTest::newRow("percent") << QStringLiteral("%HOME%/lcc %1");
+    QTest::newRow("carriage return at the end") << QStringLiteral("value\r");
+}
 
 } // namespace
 
@@ -149,6 +195,113 @@ private Q_SLOTS:
         QVERIFY(ini.contains("[Settings]"));
         QVERIFY(ini.contains("MainTop=2"));
         QVERIFY(ini.contains("useLnk=True"));
+    }
+
+    void aHandWrittenValueIsReadAndWrittenBackByteForByte_data() { addAwkwardValues(); }
+    void aHandWrittenValueIsReadAndWrittenBackByteForByte()
+    {
+        QFETCH(QString, value);
+        const QByteArray line = "params=" + value.toUtf8() + "\n";
+        writeSettingsFile("[Settings]\n" + line);
+        {
+            IniSettingsStore store;
+            const LoadedSettings loaded = loadSettings(store);
+            QCOMPARE(loaded.tools.params, value);
+            saveSettings(store, loaded.tools, loaded.window);
+        }
+        QVERIFY2(settingsFile().contains("\n" + line), settingsFile().constData());
+    }
+
+    void aValueTheProgramWritesComesBackUnchanged_data() { addAwkwardValues(); }
+    void aValueTheProgramWritesComesBackUnchanged()
+    {
+        QFETCH(QString, value);
+        QFile::remove(settingsPath());
+        ToolSettings tools;
+        tools.ftpPath = value;
+        tools.comPath = value;
+        tools.sufparam = value;
+        {
+            IniSettingsStore store;
+            saveSettings(store, tools, WindowRect{});
+        }
+        QVERIFY(settingsFile().contains("\nftpPath=" + value.toUtf8() + "\n"));
+        IniSettingsStore store;
+        const LoadedSettings loaded = loadSettings(store);
+        QCOMPARE(loaded.tools.ftpPath, value);
+        QCOMPARE(loaded.tools.comPath, value);
+        QCOMPARE(loaded.tools.sufparam, value);
+    }
+
+    void keysAndGroupsTheProgramDoesNotKnowAreKept()
+    {
+        const QByteArray other = "[Other]\nlist=a, b, c\nweird key = x;y\n";
+        writeSettingsFile("top=level, value\n\n[Settings]\nmyOwnKey=keep, me\ncomPath=/x\n\n" +
+                          other);
+        {
+            IniSettingsStore store;
+            LoadedSettings loaded = loadSettings(store);
+            loaded.tools.comPath = "/y";
+            saveSettings(store, loaded.tools, loaded.window);
+        }
+        const QByteArray file = settingsFile();
+        QVERIFY2(file.startsWith("top=level, value\n"), file.constData());
+        QVERIFY(file.contains("\nmyOwnKey=keep, me\n"));
+        QVERIFY(file.contains("\ncomPath=/y\n"));
+        QVERIFY(file.contains("[Other]\nlist=a, b, c\nweird key= x;y\n"));
+        QCOMPARE(file.count("[Settings]"), 1);
+    }
+
+    void theFileFormatReadsWhatAUserWrites()
+    {
+        const QSettings::SettingsMap map = plainini::parse(
+            "\xEF\xBB\xBF# comment\n; comment too\nloose=1\n [Settings] \r\n"
+            "  comPath = /opt/lcc \r\nno equals sign\n=no key\nparams=a=b\nparams=last wins\n"
+            "raw=\xFF\xFE\n[Empty]\n");
+        QCOMPARE(map.value("loose").toString(), QString("1"));
+        QCOMPARE(map.value("Settings/comPath").toString(), QString(" /opt/lcc \r"));
+        QCOMPARE(map.value("Settings/params").toString(), QString("last wins"));
+        QCOMPARE(map.value("Settings/raw").toByteArray(), QByteArray("\xFF\xFE"));
+        QCOMPARE(map.size(), 4);
+        // Bytes that are not UTF-8 go back as they came.
+        QVERIFY(plainini::serialise(map).contains("\nraw=\xFF\xFE\n"));
+    }
+
+    void theFileFormatWritesGroupsAfterTheLooseKeys()
+    {
+        QSettings::SettingsMap map;
+        map.insert("Settings/b", "2");
+        map.insert("Settings/a", "1");
+        map.insert("Alpha/x", "line\nbreak");
+        map.insert("loose", "0");
+        map.insert("/slash", "s");
+        QCOMPARE(
+            plainini::serialise(map),
+            QByteArray("/slash=s\nloose=0\n\n[Alpha]\nx=line break\n\n[Settings]\na=1\nb=2\n"));
+        QCOMPARE(plainini::parse(plainini::serialise(map)).value("/slash").toString(),
+                 QString("s"));
+    }
+
+    void aMissingOrEmptyFileGivesTheDefaults()
+    {
+        QFile::remove(settingsPath());
+        {
+            IniSettingsStore store;
+            QCOMPARE(loadSettings(store).tools.comPath, ToolSettings().comPath);
+        }
+        writeSettingsFile(QByteArray());
+        IniSettingsStore store;
+        QCOMPARE(loadSettings(store).tools.asmPath, ToolSettings().asmPath);
+    }
+
+    void aBinaryFileIsReadWithoutHarm()
+    {
+        QByteArray bytes;
+        for (int i = 0; i < 4096; ++i)
+            bytes += char((i * 7919) % 256);
+        writeSettingsFile("[Settings]\nparams=ok\n" + bytes);
+        IniSettingsStore store;
+        QCOMPARE(store.getSetting("Tessaro", "Settings", "params", "dflt"), QString("ok"));
     }
 };
 

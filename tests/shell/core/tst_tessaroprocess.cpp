@@ -138,13 +138,19 @@ private Q_SLOTS:
         QVERIFY(stop(*first));
         QByteArray ini = readAll(account.settingsFile());
         QVERIFY(ini.contains("MainLeft=1000"));
-        QVERIFY(ini.contains("comPath=c:\\\\quake3\\\\bin_nt\\\\lcc.exe"));
+        QVERIFY(ini.contains("comPath=c:\\quake3\\bin_nt\\lcc.exe"));
         QVERIFY(ini.contains("useLnk=True"));
 
-        ini.replace("comPath=c:\\\\quake3\\\\bin_nt\\\\lcc.exe", "comPath=/opt/q3/q3lcc");
+        ini.replace("comPath=c:\\quake3\\bin_nt\\lcc.exe", "comPath=/opt/q3/q3lcc");
         ini.replace("MainLeft=1000", "MainLeft=1500");
         ini.replace("useLnk=True", "useLnk=False");
         ini.replace("params=\n", "params=-DSAMPLE\n");
+        // Hand-written values with the characters other INI readers take apart.
+        const QByteArray awkward = "ftpPath= /opt/My Apps/ftp;v2, \"x\" =#\\ \xC3\xBC \n";
+        const qsizetype ftp = ini.indexOf("ftpPath=");
+        QVERIFY(ftp >= 0);
+        ini.replace(ftp, ini.indexOf('\n', ftp) + 1 - ftp, awkward);
+        ini += "\n[Mine]\nnote=kept, as typed; really\n";
         QFile file(account.settingsFile());
         QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
         file.write(ini);
@@ -159,7 +165,9 @@ private Q_SLOTS:
         QVERIFY(after.contains("MainTop=1000"));
         QVERIFY(after.contains("useLnk=False"));
         QVERIFY(after.contains("params=-DSAMPLE"));
-        QVERIFY(after.contains("asmPath=c:\\\\quake3\\\\bin_nt\\\\q3asm.exe"));
+        QVERIFY(after.contains("asmPath=c:\\quake3\\bin_nt\\q3asm.exe"));
+        QVERIFY2(after.contains(awkward), after.constData());
+        QVERIFY(after.contains("[Mine]\nnote=kept, as typed; really\n"));
     }
     void aCorruptMainLeftEndsStartUpWithTypeMismatch()
     {

@@ -376,6 +376,25 @@ private Q_SLOTS:
             QCOMPARE(app().pendingOpenPath, "/" + file1()->item(0)->text());
     }
 
+    void aFolderTextStartingWithAColonIsAFolderOnDisk()
+    {
+        // Qt reads ":name" as one of its resources; on disk it is a relative folder.
+        QVERIFY(QDir().mkpath(m_dir.path() + "/:work"));
+        textfile::writeBytes(m_dir.path() + "/:work/a.c", "int a;\r\n");
+        const QString previous = QDir::currentPath();
+        QVERIFY(QDir::setCurrent(m_dir.path()));
+        const QString here = QDir::currentPath();
+        const QString work = here + "/:work";
+        QCOMPARE(browser::normalFolder(":work"), work);
+        QCOMPARE(browser::normalFolder(":work/.."), here);
+        QCOMPARE(browser::normalFolder(":x/..//"), here);
+        QCOMPARE(browser::fileNames(":work"), QStringList{"a.c"});
+        QCOMPARE(browser::dirEntries(":work").last().path, work);
+        QVERIFY(browser::driveOf(":work").startsWith("/"));
+        QVERIFY_THROWS_EXCEPTION(RuntimeError, browser::fileNames(":nothing"));
+        QDir::setCurrent(previous);
+    }
+
     void theDriveListStartsWithTheRoot()
     {
         const QStringList drives = browser::driveList();

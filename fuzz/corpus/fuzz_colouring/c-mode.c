@@ -1,0 +1,1 @@
+int main(void) { /* c */ return 0; }

@@ -1,0 +1,7 @@
+typedef struct
+{
+};
+typedef struct
+{
+    int a;
+}
