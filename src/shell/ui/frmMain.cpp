@@ -25,8 +25,7 @@ frmMain::frmMain(QWidget *parent) : QMainWindow(parent), m_mdiArea(new QMdiArea(
     DocumentCommands::install(*this);
     WorkspaceCommands::install(*this);
     FileBrowser::install(*this);
-    setLoadStep(LoadStep::FileBrowserFolder,
-                [this] { FileBrowser::of(*this)->showFolder(QStringLiteral("/")); });
+    setLoadStep(LoadStep::FileBrowserFolder, [this] { FileBrowser::of(*this)->showStartFolder(); });
 }
 
 QAction *frmMain::action(const QString &name) const

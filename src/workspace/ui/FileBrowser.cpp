@@ -62,18 +62,22 @@ void FileBrowser::attach()
         connect(file1, &QListWidget::itemDoubleClicked, this, [this] { File1_DblClick(); });
         added = true;
     }
-    if (!added)
+    // Lists attached before start-up wait for showStartFolder; later ones show the
+    // browser's folder at once.
+    if (!added || m_dirPath.isEmpty())
         return;
     fillDrives();
-    if (m_dirPath.isEmpty()) {
-        m_drive = browser::startFolder();
-        selectDriveEntry(m_drive);
-        trapped([this] { setDirPath(browser::startFolder()); });
-    } else {
-        selectDriveEntry(m_drive);
-        showDirectory();
-        showFiles();
-    }
+    selectDriveEntry(m_drive);
+    showDirectory();
+    showFiles();
+}
+
+void FileBrowser::showStartFolder()
+{
+    fillDrives();
+    m_drive = browser::startFolder();
+    selectDriveEntry(m_drive);
+    trapped([this] { setDirPath(browser::startFolder()); });
 }
 
 void FileBrowser::fillDrives()

@@ -22,8 +22,10 @@ class FileBrowser : public QObject
 {
     Q_OBJECT
 public:
-    // Fills the window's three lists (when it has them) and shows the start folder
-    // "/"; calling it again attaches lists added since and returns the same object.
+    // Connects the window's three lists (when it has them) without reading any folder:
+    // start-up fills them once with showStartFolder. Calling it again attaches lists
+    // added since (filling them when the browser already shows a folder) and returns
+    // the same object.
     static FileBrowser *install(frmMain &frame);
     static FileBrowser *of(const frmMain &frame);
 
@@ -38,6 +40,9 @@ public:
     void setDirPath(const QString &folder);
     // File1.Path = folder.
     void setFilePath(const QString &folder);
+    // Fills the drive list and lists the start folder "/" in the directory and file
+    // lists, each once (the start-up step that sets the browser's folder).
+    void showStartFolder();
     // Moves the browser to a folder: its drive first, then the folder itself (what
     // the main window's timer does with a pending browser folder).
     void showFolder(const QString &folder);

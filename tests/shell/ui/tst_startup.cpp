@@ -11,8 +11,10 @@
 #include <QApplication>
 #include <QDir>
 #include <QFile>
+#include <QListWidget>
 #include <QMap>
 #include <QMdiArea>
+#include <QSignalSpy>
 #include <QTemporaryDir>
 
 using namespace tessaro;
@@ -137,6 +139,24 @@ private Q_SLOTS:
         const QStringList events = f.log.events();
         QVERIFY(events.indexOf("marked") >= 0);
         QVERIFY(events.indexOf("marked") < events.indexOf("open " + f.dir.path() + "/g_main.c"));
+    }
+    void aStartListsTheBrowsersRootOnce()
+    {
+        Fixture f;
+        frmMain form;
+        auto *dir1 = form.findChild<QListWidget *>("Dir1");
+        auto *file1 = form.findChild<QListWidget *>("File1");
+        QVERIFY(dir1 && file1);
+        // Each filling of a list empties its model first.
+        QSignalSpy dirFills(dir1->model(), &QAbstractItemModel::modelReset);
+        QSignalSpy fileFills(file1->model(), &QAbstractItemModel::modelReset);
+        QCOMPARE(dir1->count(), 0); // building the window reads no folder
+        form.Load(f.links);
+        QCOMPARE(dirFills.count(), 1);
+        QCOMPARE(fileFills.count(), 1);
+        QCOMPARE(dir1->property("Path").toString(), QString("/"));
+        QCOMPARE(file1->property("Path").toString(), QString("/"));
+        QCOMPARE(dir1->item(0)->text(), QString("/"));
     }
     void loadGivesTheLineColourerItsStartupColours()
     {

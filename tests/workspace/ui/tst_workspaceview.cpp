@@ -124,6 +124,8 @@ private Q_SLOTS:
             WorkspaceCommands::install(*m_frame);
             FileBrowser::install(*m_frame);
         }
+        // Start-up's file browser step: the lists show the root folder.
+        FileBrowser::of(*m_frame)->showStartFolder();
         m_frame->resize(800, 600);
         m_frame->show();
         // These tests read PendingOpenPath before the main window's timer would open it.
