@@ -32,7 +32,7 @@
 
 namespace tessaro {
 
-qsizetype srcText::s_loadPieceSize = 256 * 1024;
+qsizetype srcText::s_loadPieceSize = 64 * 1024;
 
 using positions::toDocument;
 using positions::toPublic;
@@ -216,7 +216,11 @@ bool srcText::LoadFile(const QString &strFileName, int FileType)
         // going in: the later text stays and this load ends here.
         return alive != nullptr;
     }
-    applyColourRuns(file.runs);
+    // A plain file brings no colours, and its new lines have none to clear.
+    if (!file.runs.empty())
+        applyColourRuns(file.runs);
+    else if (m_colouring->isRunning())
+        m_colouring->cancel();
     setMode(modeForFileName(strFileName));
     if (m_mode == mode::C)
         ColourDocument();
@@ -304,6 +308,8 @@ bool srcText::putTextInPieces(const QString &text, quint64 generation)
         cursor.insertText(text.mid(from, end - from));
         doc->setUndoRedoEnabled(true);
     }
+    // A text just set is unchanged, as after one setPlainText.
+    doc->setModified(false);
     return true;
 }
 

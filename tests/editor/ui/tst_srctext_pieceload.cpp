@@ -48,6 +48,8 @@ struct Loaded
     int changes = -1;
     bool undoAvailable = true;
     bool modified = true;
+    bool documentModified = true;
+    bool redoAvailable = true;
     QList<int> lineStates;
     QList<QTextCharFormat> formats;
 };
@@ -75,6 +77,8 @@ Loaded load(const QString &file, qsizetype pieceSize)
     out.changes = int(changes.count());
     out.undoAvailable = code.RTFBox()->document()->isUndoAvailable();
     out.modified = code.Modified();
+    out.documentModified = code.RTFBox()->document()->isModified();
+    out.redoAvailable = code.RTFBox()->document()->isRedoAvailable();
     QTextDocument *doc = code.RTFBox()->document();
     for (QTextBlock block = doc->begin(); block.isValid(); block = block.next()) {
         out.lineStates.append(block.userState());
@@ -154,6 +158,8 @@ private Q_SLOTS:
         QCOMPARE(pieces.undoAvailable, false);
         QCOMPARE(whole.undoAvailable, false);
         QCOMPARE(pieces.modified, whole.modified);
+        QCOMPARE(pieces.documentModified, whole.documentModified);
+        QCOMPARE(pieces.redoAvailable, false);
         QCOMPARE(pieces.lineStates, whole.lineStates);
         QCOMPARE(pieces.formats.size(), whole.formats.size());
         for (qsizetype i = 0; i < whole.formats.size(); ++i)
