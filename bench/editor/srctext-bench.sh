@@ -4,23 +4,14 @@
 #
 # Usage: bench/editor/srctext-bench.sh   (from the checkout; needs npm for the corpus)
 #
-# The corpus is fetched with `npm pack sqlite3` into $TESSARO_BENCH_CACHE (default
+# The corpus is fetched with `npm pack sqlite3@6.0.1` (bench/corpus.sh) into
+# $TESSARO_BENCH_CACHE (default
 # ~/.cache/tessaro-bench), outside the repository; it is never committed.
 set -eu
 
 here=$(cd "$(dirname "$0")/../.." && pwd)
-cache=${TESSARO_BENCH_CACHE:-$HOME/.cache/tessaro-bench}
 build=${TESSARO_BENCH_BUILD:-$here/build-release}
-mkdir -p "$cache"
-
-if [ ! -f "$cache/sqlite3.c" ]; then
-    echo "Fetching the SQLite amalgamation into $cache ..."
-    (cd "$cache" && rm -rf npm && mkdir npm && cd npm && npm pack sqlite3 >/dev/null 2>&1 &&
-        tar xzf sqlite3-*.tgz &&
-        inner=$(ls package/deps/*.tar.gz | head -n 1) && tar xzf "$inner" &&
-        cp "$(find . -name sqlite3.c | head -n 1)" "$cache/sqlite3.c")
-fi
-head -c 1048576 "$cache/sqlite3.c" > "$cache/slice.c"
+. "$here/bench/corpus.sh"
 cat "$cache/sqlite3.c" "$cache/sqlite3.c" | head -c 10485760 > "$cache/ten.c"
 
 cmake -S "$here" -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Release -DTESSARO_BUILD_BENCH=ON \
