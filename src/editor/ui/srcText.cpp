@@ -7,6 +7,7 @@
 #include "editor/core/ModeWordLists.h"
 #include "editor/core/PropertyBag.h"
 #include "editor/core/RtfDocument.h"
+#include "editor/ui/DeferredDeleteHold.h"
 #include "editor/ui/SourceEditBox.h"
 #include "platform/core/AppInfo.h"
 #include "platform/core/MsgBox.h"
@@ -19,6 +20,7 @@
 #include <QClipboard>
 #include <QMimeData>
 #include <QPagedPaintDevice>
+#include <QPointer>
 #include <QScrollBar>
 #include <QTextBlock>
 #include <QTextDocument>
@@ -29,6 +31,8 @@
 #include <algorithm>
 
 namespace tessaro {
+
+qsizetype srcText::s_loadPieceSize = 64 * 1024;
 
 using positions::toDocument;
 using positions::toPublic;
@@ -206,8 +210,17 @@ bool srcText::LoadFile(const QString &strFileName, int FileType)
         throw;
     }
     const LineEnds lineEnds = scanLineEnds(file.text);
-    setDocumentText(file.text, &lineEnds);
-    applyColourRuns(file.runs);
+    QPointer<srcText> alive(this);
+    if (!setDocumentText(file.text, &lineEnds, true)) {
+        // The control went away, or another text took its place, while this one was
+        // going in: the later text stays and this load ends here.
+        return alive != nullptr;
+    }
+    // A plain file brings no colours, and its new lines have none to clear.
+    if (!file.runs.empty())
+        applyColourRuns(file.runs);
+    else if (m_colouring->isRunning())
+        m_colouring->cancel();
     setMode(modeForFileName(strFileName));
     if (m_mode == mode::C)
         ColourDocument();
@@ -218,12 +231,18 @@ bool srcText::LoadFile(const QString &strFileName, int FileType)
     return true;
 }
 
-void srcText::setDocumentText(const QString &text, const LineEnds *lineEnds)
+bool srcText::setDocumentText(const QString &text, const LineEnds *lineEnds, bool servingEvents)
 {
+    const quint64 generation = ++m_textGeneration;
     m_loading = true;
     // Text without a colour of its own shows in Colour_Text (the box's text colour).
     m_rtfMain->setCurrentCharFormat(QTextCharFormat());
-    m_rtfMain->setPlainText(text);
+    if (servingEvents && text.size() > s_loadPieceSize) {
+        if (!putTextInPieces(text, generation))
+            return false;
+    } else {
+        m_rtfMain->setPlainText(text);
+    }
     QTextDocument *doc = m_rtfMain->document();
     if (lineEnds) {
         m_usualLineEnd = lineEnds->usual;
@@ -241,7 +260,60 @@ void srcText::setDocumentText(const QString &text, const LineEnds *lineEnds)
     m_colouring->forgetChanges();
     m_colouring->forgetUndoSteps();
     m_loading = false;
+    return true;
 }
+
+// Where a piece that starts at `from` ends: at the first line break from `from + size`
+// on (a CR LF pair stays whole), or at the end of the text.
+static qsizetype pieceEnd(const QString &text, qsizetype from, qsizetype size)
+{
+    if (text.size() - from <= size)
+        return text.size();
+    for (qsizetype i = from + size; i < text.size(); ++i) {
+        const QChar c = text.at(i);
+        if (c == u'\n')
+            return i + 1;
+        if (c == u'\r')
+            return i + 1 < text.size() && text.at(i + 1) == u'\n' ? i + 2 : i + 1;
+    }
+    return text.size();
+}
+
+bool srcText::putTextInPieces(const QString &text, quint64 generation)
+{
+    QPointer<srcText> alive(this);
+    // A window closed while its text goes in goes once the text is in: the caller
+    // still works on it when this returns.
+    DeferredDeleteHold hold(this);
+    QTextDocument *doc = m_rtfMain->document();
+    // The first piece resets the box as a whole new text does (caret, scrolling,
+    // history); the others are added at the end without undo steps.
+    qsizetype end = pieceEnd(text, 0, s_loadPieceSize);
+    m_rtfMain->setPlainText(text.left(end));
+    while (end < text.size()) {
+        // Paint and timers go on; the user's keys and clicks wait in the queue.
+        QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+        if (!alive)
+            return false;
+        if (generation != m_textGeneration) {
+            // Whatever replaced the text has ended by now.
+            m_loading = false;
+            return false;
+        }
+        const qsizetype from = end;
+        end = pieceEnd(text, from, s_loadPieceSize);
+        QTextCursor cursor(doc);
+        cursor.movePosition(QTextCursor::End);
+        doc->setUndoRedoEnabled(false);
+        cursor.insertText(text.mid(from, end - from));
+        doc->setUndoRedoEnabled(true);
+    }
+    // A text just set is unchanged, as after one setPlainText.
+    doc->setModified(false);
+    return true;
+}
+
+void srcText::setLoadPieceSize(qsizetype chars) { s_loadPieceSize = std::max<qsizetype>(1, chars); }
 
 void srcText::SaveFile(const QString &strFileName, int FileType)
 {
@@ -293,6 +365,7 @@ QString srcText::Text() const { return positions::publicText(*m_rtfMain->documen
 
 void srcText::setText(const QString &New_Text)
 {
+    ++m_textGeneration;
     m_usualLineEnd = LineEnd::CRLF;
     m_rtfMain->setCurrentCharFormat(QTextCharFormat());
     m_rtfMain->setPlainText(New_Text);
@@ -690,6 +763,9 @@ void srcText::onContentsChange(int from, int removed, int added)
 void srcText::flushTyping()
 {
     m_flushQueued = false;
+    // Lines of a text still going in are coloured by the run that follows the load.
+    if (m_loading)
+        return;
     m_colouring->flush(m_rtfMain->textCursor().position());
 }
 

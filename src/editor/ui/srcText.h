@@ -121,6 +121,10 @@ public:
     // it (mode and colouring from the file name), but as a changed text: Modified is
     // set. New lines get the given break.
     void restoreText(const QString &text, LineEnd usual, const QString &strFileName);
+    // The size (in characters) of the pieces LoadFile puts a large text in with; a
+    // piece ends at a line break. Tests make it small.
+    static void setLoadPieceSize(qsizetype chars);
+    static qsizetype loadPieceSize() { return s_loadPieceSize; }
 
     // ---- Clipboard and text operations -------------------------------------------------
     Q_INVOKABLE void Copy();
@@ -323,7 +327,13 @@ private:
     void printColours(QTextDocument &printed, int from, int to) const;
     // Gives the whole text the colours of the runs (positions of Text).
     void applyColourRuns(const std::vector<RtfColourRun> &runs);
-    void setDocumentText(const QString &text, const LineEnds *lineEnds);
+    // Replaces the text (undo history emptied, changes not told). Serving events, a
+    // text larger than one piece goes in piece by piece with the event loop served in
+    // between; false when the control went away or another text replaced this one
+    // meanwhile.
+    bool setDocumentText(const QString &text, const LineEnds *lineEnds,
+                         bool servingEvents = false);
+    bool putTextInPieces(const QString &text, quint64 generation);
 
     SourceEditBox *m_rtfMain = nullptr;
     QTextDocument *m_rtfTemp = nullptr;
@@ -349,6 +359,10 @@ private:
     bool m_modified = false;
     bool m_busy = false;
     bool m_loading = false;
+    // Counts the texts set as a whole, so a load that serves events sees when
+    // another text took its place.
+    quint64 m_textGeneration = 0;
+    static qsizetype s_loadPieceSize;
     bool m_flushQueued = false;
     // The two flags of the typing path: colouring that starts from a key or from a
     // paste raises no progress events.
