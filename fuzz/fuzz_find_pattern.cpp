@@ -1,7 +1,7 @@
 // Feeds arbitrary search texts and files to the find pattern matcher and compares its
 // answers, in bytes and in text, with a plain character-by-character search.
 #include "FuzzCheck.h"
-#include "search/core/CaselessPattern.h"
+#include "editor/core/CaselessPattern.h"
 
 #include <cstdint>
 

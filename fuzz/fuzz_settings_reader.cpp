@@ -2,7 +2,7 @@
 // input, and what it read must come back unchanged through the writer and the reader
 // again: the format keeps every value byte for byte.
 #include "FuzzCheck.h"
-#include "shell/core/PlainIniFormat.h"
+#include "state/core/PlainIniFormat.h"
 
 #include <cstdint>
 

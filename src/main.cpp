@@ -1,4 +1,4 @@
-#include "shell/ui/Startup.h"
+#include "app/ui/Startup.h"
 
 int main(int argc, char *argv[])
 {

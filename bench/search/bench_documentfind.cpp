@@ -11,7 +11,7 @@
 // QT_QPA_PLATFORM=offscreen when there is no display.
 
 #include "editor/ui/srcText.h"
-#include "search/core/CaselessPattern.h"
+#include "editor/core/CaselessPattern.h"
 #include "search/core/FindController.h"
 #include "search/ui/DocumentFindTarget.h"
 

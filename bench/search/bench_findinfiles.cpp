@@ -8,7 +8,7 @@
 
 #include "search/core/FindInFiles.h"
 #include "search/ui/frmOut.h"
-#include "shell/core/AppState.h"
+#include "state/core/AppState.h"
 #include "workspace/core/NodeTree.h"
 #include "workspace/core/WorkspaceFile.h"
 

@@ -7,7 +7,7 @@
 #include "platform/core/CommonDialog.h"
 #include "platform/core/ErrorTraps.h"
 #include "platform/core/TextFile.h"
-#include "shell/core/AppState.h"
+#include "state/core/AppState.h"
 #include "shell/ui/frmMain.h"
 #include "workspace/core/StructScan.h"
 #include "workspace/core/WorkspaceFile.h"

@@ -8,8 +8,8 @@
 
 #include "build/core/BuildCommand.h"
 #include "platform/core/RuntimeError.h"
-#include "shell/core/AppState.h"
-#include "shell/core/Settings.h"
+#include "state/core/AppState.h"
+#include "state/core/Settings.h"
 #include "workspace/core/WorkspaceSession.h"
 
 #include <QFile>

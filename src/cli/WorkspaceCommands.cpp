@@ -4,7 +4,7 @@
 #include "cli/CliCommands.h"
 
 #include "platform/core/RuntimeError.h"
-#include "shell/core/AppState.h"
+#include "state/core/AppState.h"
 #include "workspace/core/WorkspaceFile.h"
 #include "workspace/core/WorkspaceSession.h"
 

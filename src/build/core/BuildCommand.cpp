@@ -6,7 +6,7 @@
 #include "platform/core/MsgBox.h"
 #include "platform/core/Shell.h"
 #include "platform/core/TextFile.h"
-#include "shell/core/AppState.h"
+#include "state/core/AppState.h"
 
 namespace tessaro::build {
 

@@ -2,8 +2,8 @@
 
 #include "build/core/ShellWord.h"
 #include "platform/core/Paths.h"
-#include "shell/core/Settings.h"
-#include "workspace/core/WorkspaceState.h"
+#include "state/core/Settings.h"
+#include "state/core/WorkspaceState.h"
 
 namespace tessaro::build {
 

@@ -2,7 +2,7 @@
 
 #include "build/ui/frmProps.h"
 #include "platform/core/ErrorTraps.h"
-#include "shell/core/AppState.h"
+#include "state/core/AppState.h"
 #include "shell/ui/frmMain.h"
 
 #include <QAction>
@@ -12,19 +12,18 @@ namespace tessaro {
 BuildCommands *BuildCommands::install(frmMain &frame)
 {
     auto *commands = new BuildCommands(frame);
-    const std::pair<const char *, build::Target> buildItems[] = {
-        {"mnuBuildgameQVM", build::Target::Game}, {"mnuBuildcgameQVM", build::Target::CGame},
-        {"mnuBuilduiQVM", build::Target::UI},     {"mnuBuildQ2", build::Target::Quake2},
-        {"mnuBuildEXE", build::Target::Exe},
+    const std::pair<MenuItem, build::Target> buildItems[] = {
+        {MenuItem::mnuBuildgameQVM, build::Target::Game},
+        {MenuItem::mnuBuildcgameQVM, build::Target::CGame},
+        {MenuItem::mnuBuilduiQVM, build::Target::UI},
+        {MenuItem::mnuBuildQ2, build::Target::Quake2},
+        {MenuItem::mnuBuildEXE, build::Target::Exe},
     };
-    for (const auto &[name, target] : buildItems) {
-        if (QAction *item = frame.action(QLatin1String(name))) {
-            const build::Target chosen = target;
-            connect(item, &QAction::triggered, commands, [chosen] { build(chosen); });
-        }
+    for (const auto &[item, target] : buildItems) {
+        const build::Target chosen = target;
+        frame.connectCommand(item, commands, [chosen] { build(chosen); });
     }
-    if (QAction *item = frame.action(QStringLiteral("mnuFileProperties")))
-        connect(item, &QAction::triggered, commands, &BuildCommands::showProperties);
+    frame.connectCommand(MenuItem::mnuFileProperties, commands, &BuildCommands::showProperties);
     return commands;
 }
 

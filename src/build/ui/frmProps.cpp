@@ -2,7 +2,7 @@
 
 #include "platform/core/CommonDialog.h"
 #include "platform/core/ErrorTraps.h"
-#include "shell/core/AppState.h"
+#include "state/core/AppState.h"
 
 #include <QGridLayout>
 #include <QGroupBox>

@@ -14,7 +14,7 @@
 #include "platform/core/Paths.h"
 #include "platform/core/RuntimeError.h"
 #include "platform/core/TextFile.h"
-#include "search/core/CaselessPattern.h"
+#include "editor/core/CaselessPattern.h"
 
 #include <QApplication>
 #include <QClipboard>

@@ -1,6 +1,6 @@
 #include "search/core/FindInFiles.h"
 
-#include "search/core/CaselessPattern.h"
+#include "editor/core/CaselessPattern.h"
 #include "platform/core/FileReader.h"
 
 namespace tessaro::search {

@@ -7,7 +7,7 @@
 #include "search/ui/DocumentFindTarget.h"
 #include "search/ui/frmFnF.h"
 #include "search/ui/frmOut.h"
-#include "shell/core/AppState.h"
+#include "state/core/AppState.h"
 #include "shell/ui/ActiveDocument.h"
 #include "shell/ui/frmMain.h"
 #include "workspace/ui/FileBrowser.h"
@@ -17,6 +17,7 @@
 #include <QComboBox>
 #include <QMdiArea>
 #include <QMdiSubWindow>
+#include <QPushButton>
 
 namespace tessaro::search {
 
@@ -34,16 +35,12 @@ QString browserFolderOf(const frmMain &main)
 SearchCommands *SearchCommands::install(frmMain &main)
 {
     auto *commands = new SearchCommands(main);
-    if (auto *button = main.findChild<QAbstractButton *>(QStringLiteral("cmdFind")))
-        connect(button, &QAbstractButton::clicked, commands, &SearchCommands::cmdFind_Click);
-    if (QAction *again = main.action(QStringLiteral("mnuEditFA")))
-        connect(again, &QAction::triggered, commands, &SearchCommands::mnuEditFA_Click);
-    if (QAction *inFiles = main.action(QStringLiteral("mnuEditFindnF")))
-        connect(inFiles, &QAction::triggered, commands, &SearchCommands::mnuEditFindnF_Click);
+    connect(main.cmdFind(), &QAbstractButton::clicked, commands, &SearchCommands::cmdFind_Click);
+    main.connectCommand(MenuItem::mnuEditFA, commands, &SearchCommands::mnuEditFA_Click);
+    main.connectCommand(MenuItem::mnuEditFindnF, commands, &SearchCommands::mnuEditFindnF_Click);
     // The find box has no key handling of its own: Enter neither searches nor adds
     // the text to the list.
-    if (QComboBox *box = commands->findBox())
-        box->setInsertPolicy(QComboBox::NoInsert);
+    main.fndText()->setInsertPolicy(QComboBox::NoInsert);
     return commands;
 }
 
@@ -70,7 +67,7 @@ frmOut *SearchCommands::outputWindow() const
 
 QComboBox *SearchCommands::findBox() const
 {
-    return m_main.findChild<QComboBox *>(QStringLiteral("fndText"));
+    return m_main.fndText();
 }
 
 std::unique_ptr<FindTarget> SearchCommands::activeDocument() const

@@ -1,7 +1,7 @@
 #include "search/ui/frmOut.h"
 
 #include "platform/core/ErrorTraps.h"
-#include "shell/core/AppState.h"
+#include "state/core/AppState.h"
 
 #include <QFontDatabase>
 #include <QPlainTextEdit>

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "shell/core/MenuItem.h"
+
 #include <QString>
 #include <QVector>
 
@@ -7,13 +9,14 @@ namespace tessaro {
 
 // One item of the main window's menu tree, as the tree is designed: the builder
 // turns the table into QMenus and QActions, and every QAction carries `name` as its
-// objectName so the subsystems find their commands by name.
+// objectName; the main window finds each entry's action by its MenuItem.
 //
 // Control arrays (a name with an index, such as the recent-file slots) are named
 // "<name>_<index>": "mnuFileMRU_1" .. "mnuFileMRU_3".
 struct MenuEntry
 {
     int level = 0;          // 0 = a title on the menu bar, 1 = its items, 2 = items of a submenu
+    MenuItem item{};        // which entry this is
     QString name;           // objectName of the QAction (and of the QMenu for a menu)
     QString caption;        // exact text with its access key; "-" for a separator
     QString shortcut;       // the item's own accelerator in portable text ("Ctrl+N"), or ""

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tools/core/RegistryStore.h"
+#include "platform/core/RegistryStore.h"
 
 #include <optional>
 

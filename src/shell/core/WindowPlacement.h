@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shell/core/Settings.h"
+#include "state/core/Settings.h"
 
 #include <QRect>
 

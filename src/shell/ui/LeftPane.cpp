@@ -82,6 +82,31 @@ QWidget *LeftPane::control(const char *name) const
     return findChild<QWidget *>(QString::fromLatin1(name));
 }
 
+QTreeWidget *LeftPane::Code1() const
+{
+    return findChild<QTreeWidget *>(QStringLiteral("Code1"));
+}
+
+QTreeWidget *LeftPane::List1() const
+{
+    return findChild<QTreeWidget *>(QStringLiteral("List1"));
+}
+
+QComboBox *LeftPane::Drive1() const
+{
+    return findChild<QComboBox *>(QStringLiteral("Drive1"));
+}
+
+QListWidget *LeftPane::Dir1() const
+{
+    return findChild<QListWidget *>(QStringLiteral("Dir1"));
+}
+
+QListWidget *LeftPane::File1() const
+{
+    return findChild<QListWidget *>(QStringLiteral("File1"));
+}
+
 void LeftPane::Picture1_Resize()
 {
     const double oldWidth = m_geometry.Picture1.width;

@@ -6,6 +6,10 @@
 #include <QFrame>
 #include <QWidget>
 
+class QComboBox;
+class QListWidget;
+class QTreeWidget;
+
 namespace tessaro {
 
 class TabStrip;
@@ -33,6 +37,12 @@ public:
     TabStrip *tbsOptions() const { return m_tabs; }
     QWidget *picOptions(int index) const;
     QFrame *picVert() const { return m_picVert; }
+    // The pages' controls (found by name, so a replacement is found too).
+    QTreeWidget *Code1() const;
+    QTreeWidget *List1() const;
+    QComboBox *Drive1() const;
+    QListWidget *Dir1() const;
+    QListWidget *File1() const;
     // The bar as the splitter sees it.
     SplitBar *splitBar() { return this; }
     double twipsPerPixel() const;

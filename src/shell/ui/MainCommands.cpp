@@ -22,45 +22,39 @@ MainCommands::MainCommands(frmMain &frame, MainPanes &panes, QWidget &statusBar)
     : QObject(&frame), m_frame(frame), m_panes(panes), m_statusBar(statusBar)
 {
     setObjectName(QStringLiteral("mainCommands"));
-    connectAction("mnuEditCut", &MainCommands::mnuEditCut_Click);
-    connectAction("mnuEditCopy", &MainCommands::mnuEditCopy_Click);
-    connectAction("mnuEditPaste", &MainCommands::mnuEditPaste_Click);
-    connectAction("mnuEditUndo", &MainCommands::mnuEditUndo_Click);
-    connectAction("mnuFilePrint", &MainCommands::mnuFilePrint_Click);
-    connectAction("mnuFilePageSetup", &MainCommands::mnuFilePageSetup_Click);
-    connectAction("mnuViewStatusBar", &MainCommands::mnuViewStatusBar_Click);
-    connectAction("mnuViewOutput", &MainCommands::mnuViewOutput_Click);
-    connectAction("mnuViewToolbar", &MainCommands::mnuViewToolbar_Click);
-    connectAction("mnuViewRefresh", &MainCommands::mnuViewRefresh_Click);
-    connectAction("mnuFileSend", &MainCommands::mnuFileSend_Click);
-    connectAction("mnuFilePrintPreview", &MainCommands::mnuFilePrintPreview_Click);
-    connectAction("mnuFileSaveAll", &MainCommands::mnuFileSaveAll_Click);
-    connectAction("mnuHelpContents", &MainCommands::mnuHelpContents_Click);
-    connectAction("mnuHelpSearchForHelpOn", &MainCommands::mnuHelpSearchForHelpOn_Click);
-    connectAction("mnuFileExit", &MainCommands::mnuFileExit_Click);
-    connectAction("mnuHelpAbout", &MainCommands::mnuHelpAbout_Click);
+    frame.connectCommand(MenuItem::mnuEditCut, this, &MainCommands::mnuEditCut_Click);
+    frame.connectCommand(MenuItem::mnuEditCopy, this, &MainCommands::mnuEditCopy_Click);
+    frame.connectCommand(MenuItem::mnuEditPaste, this, &MainCommands::mnuEditPaste_Click);
+    frame.connectCommand(MenuItem::mnuEditUndo, this, &MainCommands::mnuEditUndo_Click);
+    frame.connectCommand(MenuItem::mnuFilePrint, this, &MainCommands::mnuFilePrint_Click);
+    frame.connectCommand(MenuItem::mnuFilePageSetup, this, &MainCommands::mnuFilePageSetup_Click);
+    frame.connectCommand(MenuItem::mnuViewStatusBar, this, &MainCommands::mnuViewStatusBar_Click);
+    frame.connectCommand(MenuItem::mnuViewOutput, this, &MainCommands::mnuViewOutput_Click);
+    frame.connectCommand(MenuItem::mnuViewToolbar, this, &MainCommands::mnuViewToolbar_Click);
+    frame.connectCommand(MenuItem::mnuViewRefresh, this, &MainCommands::mnuViewRefresh_Click);
+    frame.connectCommand(MenuItem::mnuFileSend, this, &MainCommands::mnuFileSend_Click);
+    frame.connectCommand(MenuItem::mnuFilePrintPreview, this, &MainCommands::mnuFilePrintPreview_Click);
+    frame.connectCommand(MenuItem::mnuFileSaveAll, this, &MainCommands::mnuFileSaveAll_Click);
+    frame.connectCommand(MenuItem::mnuHelpContents, this, &MainCommands::mnuHelpContents_Click);
+    frame.connectCommand(MenuItem::mnuHelpSearchForHelpOn, this, &MainCommands::mnuHelpSearchForHelpOn_Click);
+    frame.connectCommand(MenuItem::mnuFileExit, this, &MainCommands::mnuFileExit_Click);
+    frame.connectCommand(MenuItem::mnuHelpAbout, this, &MainCommands::mnuHelpAbout_Click);
 
     const struct
     {
-        const char *name;
+        MenuItem item;
         ArrangeMode mode;
-    } arrangements[] = {{"mnuWindowCascade", Cascade},
-                        {"mnuWindowTileHorizontal", TileHorizontal},
-                        {"mnuWindowTileVertical", TileVertical},
-                        {"mnuWindowArrangeIcons", ArrangeIcons}};
+    } arrangements[] = {{MenuItem::mnuWindowCascade, Cascade},
+                        {MenuItem::mnuWindowTileHorizontal, TileHorizontal},
+                        {MenuItem::mnuWindowTileVertical, TileVertical},
+                        {MenuItem::mnuWindowArrangeIcons, ArrangeIcons}};
     for (const auto &a : arrangements) {
         const int mode = a.mode;
-        connect(frame.action(QString::fromLatin1(a.name)), &QAction::triggered, this,
-                [this, mode] { Arrange(mode); });
+        frame.connectCommand(a.item, this, [this, mode] { Arrange(mode); });
     }
     // New Window opens a new document exactly as File > New does.
-    connect(frame.action(QStringLiteral("mnuWindowNewWindow")), &QAction::triggered, this,
-            [this] { m_frame.action(QStringLiteral("mnuFileNew"))->trigger(); });
-}
-
-void MainCommands::connectAction(const char *name, void (MainCommands::*slot)())
-{
-    connect(m_frame.action(QString::fromLatin1(name)), &QAction::triggered, this, slot);
+    frame.connectCommand(MenuItem::mnuWindowNewWindow, this,
+                         [this] { m_frame.menuItem(MenuItem::mnuFileNew)->trigger(); });
 }
 
 void MainCommands::callOnActiveCode(const char *member)
@@ -147,12 +141,12 @@ void MainCommands::Arrange(int mode)
 // command runs (the actions carry their own check mark); the pane follows it.
 void MainCommands::mnuViewStatusBar_Click()
 {
-    m_statusBar.setVisible(m_frame.action(QStringLiteral("mnuViewStatusBar"))->isChecked());
+    m_statusBar.setVisible(m_frame.menuItem(MenuItem::mnuViewStatusBar)->isChecked());
 }
 
 void MainCommands::mnuViewOutput_Click()
 {
-    m_panes.Picture3()->setVisible(m_frame.action(QStringLiteral("mnuViewOutput"))->isChecked());
+    m_panes.Picture3()->setVisible(m_frame.menuItem(MenuItem::mnuViewOutput)->isChecked());
 }
 
 // The toolbar strip itself stays: only the check mark changes.

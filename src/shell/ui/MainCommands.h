@@ -49,7 +49,6 @@ public:
     void mnuFileExit_Click();
 
 private:
-    void connectAction(const char *name, void (MainCommands::*slot)());
     void callOnActiveCode(const char *member);
     void showHelp(bool search);
 

@@ -1,12 +1,14 @@
 #include "shell/ui/MainTimer.h"
 
 #include "platform/core/ErrorTraps.h"
-#include "shell/core/AppState.h"
+#include "state/core/AppState.h"
 #include "shell/ui/ActiveDocument.h"
 #include "shell/ui/LeftPane.h"
 #include "shell/ui/MainStatusBar.h"
 #include "shell/ui/frmMain.h"
 
+#include <QComboBox>
+#include <QListWidget>
 #include <QTimer>
 
 namespace tessaro {
@@ -56,9 +58,9 @@ void MainTimer::followPendingBrowserFolder()
     const QString folder = state.pendingBrowserFolder;
     state.workspaceFolder = folder;
     state.pendingBrowserFolder.clear();
-    if (QObject *drive = m_pane.findChild<QObject *>(QStringLiteral("Drive1")))
+    if (QComboBox *drive = m_pane.Drive1())
         drive->setProperty("Drive", folder.left(2));
-    if (QObject *dir = m_pane.findChild<QObject *>(QStringLiteral("Dir1")))
+    if (QListWidget *dir = m_pane.Dir1())
         dir->setProperty("Path", folder);
     if (folder.right(7) == QLatin1String("/source") && m_rebuild)
         m_rebuild();

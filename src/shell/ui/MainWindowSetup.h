@@ -3,10 +3,19 @@
 namespace tessaro {
 
 class frmMain;
+class MainPanes;
+class MainTimer;
 
-// Builds everything the main window shows around its document area: the menu bar,
-// and (as they arrive) panes, toolbar, status bar, timer and window commands. Called
-// once from the window's constructor.
-void setUpMainWindow(frmMain &frame);
+// The parts of the main window that the window hands out by type.
+struct MainWindowParts
+{
+    MainPanes *panes = nullptr;
+    MainTimer *timer = nullptr;
+};
+
+// Builds everything the main window shows around its document area once its menu bar
+// is in place: panes, toolbar, status bar, splitter, timer and the window's own
+// commands. Called once from the window's constructor.
+MainWindowParts setUpMainWindow(frmMain &frame);
 
 } // namespace tessaro

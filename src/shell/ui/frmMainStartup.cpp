@@ -7,17 +7,14 @@
 #include "platform/core/ErrorTraps.h"
 #include "platform/core/EventLog.h"
 #include "platform/core/Twips.h"
-#include "shell/core/AppState.h"
+#include "state/core/AppState.h"
 #include "shell/core/HandOver.h"
 #include "shell/core/InstanceLock.h"
 #include "shell/core/InstanceServer.h"
-#include "shell/core/Settings.h"
+#include "state/core/Settings.h"
 #include "shell/core/WindowPlacement.h"
-#include "tools/core/DesktopAssociation.h"
-#include "tools/core/SourceAssociations.h"
 
 #include <QCloseEvent>
-#include <QCoreApplication>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QScreen>
@@ -30,21 +27,6 @@ double twipsPerPixel(const QWidget &window)
 {
     const QScreen *screen = window.screen();
     return twips::perPixel(screen ? screen->logicalDotsPerInch() : 96.0);
-}
-
-// Step 2: the three file classes in the registry and the desktop's association.
-// Neither may stop the start-up: a registry that cannot be written ends only the
-// registration, a machine root without rights only its own half.
-void registerFileAssociations()
-{
-    RegistryStore store;
-    store.beginBatch(); // each root's file is written once, not once per value
-    trapped([&] {
-        cRegistry registry(store);
-        registerSourceFileClasses(registry, associationProgramPath(programFolder()));
-    });
-    store.commitBatch();
-    DesktopAssociation::forCurrentUser().apply(QCoreApplication::applicationFilePath());
 }
 
 } // namespace
@@ -84,7 +66,7 @@ void frmMain::Load(const StartupLinks &links)
         },
         [this] { ActivateWindow(); });
     // 2. File associations.
-    registerFileAssociations();
+    runStep(LoadStep::FileAssociations);
     // 3. Caption with the version.
     setWindowTitle(
         QStringLiteral("%1 v%2.%3").arg(appTitle()).arg(versionMajor()).arg(versionMinor()));

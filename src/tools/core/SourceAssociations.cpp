@@ -1,5 +1,12 @@
 #include "tools/core/SourceAssociations.h"
 
+#include "platform/core/AppInfo.h"
+#include "platform/core/ErrorTraps.h"
+#include "platform/core/RegistryStore.h"
+#include "tools/core/DesktopAssociation.h"
+
+#include <QCoreApplication>
+
 namespace tessaro {
 
 QString associationProgramPath(const QString &programFolder, const QString &programName)
@@ -30,6 +37,18 @@ bool registerSourceFileClasses(cRegistry &registry, const QString &programPath)
                                       QStringLiteral("&Open"), false, QStringLiteral("&Print"),
                                       false, QStringLiteral("&New"), false, QString(), -1);
     return !registry.machineWriteFailed();
+}
+
+void registerFileAssociations()
+{
+    RegistryStore store;
+    store.beginBatch(); // each root's file is written once, not once per value
+    trapped([&] {
+        cRegistry registry(store);
+        registerSourceFileClasses(registry, associationProgramPath(programFolder()));
+    });
+    store.commitBatch();
+    DesktopAssociation::forCurrentUser().apply(QCoreApplication::applicationFilePath());
 }
 
 } // namespace tessaro

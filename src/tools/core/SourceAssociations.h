@@ -15,4 +15,10 @@ QString associationProgramPath(const QString &programFolder,
 // return value (false). A failed per-user write raises 26001.
 bool registerSourceFileClasses(cRegistry &registry, const QString &programPath);
 
+// Start-up's registrations: the three file classes in the registry for the running
+// program, then the desktop's association. Neither may stop the start-up: a registry
+// that cannot be written ends only the registration, a machine root without rights
+// only its own half.
+void registerFileAssociations();
+
 } // namespace tessaro

@@ -2,7 +2,7 @@
 
 #include "platform/core/ErrorTraps.h"
 #include "platform/core/Shell.h"
-#include "shell/core/AppState.h"
+#include "state/core/AppState.h"
 #include "tools/core/ProgramBrowse.h"
 #include "tools/ui/PublishingWizard.h"
 #include "tools/ui/TwipsGeometry.h"

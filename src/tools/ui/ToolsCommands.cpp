@@ -4,21 +4,15 @@
 #include "tools/ui/PublishingWizard.h"
 #include "tools/ui/frmOptions.h"
 
-#include <QAction>
-
 namespace tessaro {
 
 void ToolsCommands::install(frmMain &main)
 {
     frmMain *window = &main;
     // View > Options stays disabled as designed; it shows the same dialog when enabled.
-    for (const char *name : {"mnuToolsOptions", "mnuViewOptions"}) {
-        if (QAction *action = main.action(QLatin1String(name)))
-            QObject::connect(action, &QAction::triggered, window,
-                             [window] { mnuToolsOptions_Click(window); });
-    }
-    if (QAction *upload = main.action(QStringLiteral("mnuBuildUpload")))
-        QObject::connect(upload, &QAction::triggered, window, [] { mnuBuildUpload_Click(); });
+    for (const MenuItem item : {MenuItem::mnuToolsOptions, MenuItem::mnuViewOptions})
+        main.connectCommand(item, window, [window] { mnuToolsOptions_Click(window); });
+    main.connectCommand(MenuItem::mnuBuildUpload, window, [] { mnuBuildUpload_Click(); });
 }
 
 void ToolsCommands::mnuToolsOptions_Click(QWidget *main)

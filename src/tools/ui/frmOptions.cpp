@@ -1,6 +1,6 @@
 #include "tools/ui/frmOptions.h"
 
-#include "shell/core/AppState.h"
+#include "state/core/AppState.h"
 #include "tools/core/OptionsTabs.h"
 #include "tools/core/ProgramBrowse.h"
 #include "tools/ui/TwipsGeometry.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "workspace/core/WorkspaceState.h"
+#include "state/core/WorkspaceState.h"
 
 #include <QByteArray>
 #include <QString>

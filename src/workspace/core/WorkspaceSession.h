@@ -1,7 +1,7 @@
 #pragma once
 
 #include "workspace/core/NodeTree.h"
-#include "workspace/core/WorkspaceState.h"
+#include "state/core/WorkspaceState.h"
 
 #include <QString>
 

@@ -3,7 +3,7 @@
 #include "editor/ui/srcText.h"
 #include "platform/core/CommonDialog.h"
 #include "platform/core/ErrorTraps.h"
-#include "shell/core/AppState.h"
+#include "state/core/AppState.h"
 #include "shell/ui/NewChildPlacement.h"
 #include "shell/ui/frmMain.h"
 #include "workspace/core/DocumentRules.h"
@@ -22,6 +22,11 @@ const char kObjectName[] = "documentCommands";
 DocumentCommands::DocumentCommands(frmMain &frame) : QObject(&frame), m_frame(frame)
 {
     setObjectName(QLatin1String(kObjectName));
+    frame.connectCommand(MenuItem::mnuFileNew, this, &DocumentCommands::mnuFileNew_Click);
+    frame.connectCommand(MenuItem::mnuFileOpen, this, &DocumentCommands::mnuFileOpen_Click);
+    frame.connectCommand(MenuItem::mnuFileSave, this, &DocumentCommands::mnuFileSave_Click);
+    frame.connectCommand(MenuItem::mnuFileSaveAs, this, &DocumentCommands::mnuFileSaveAs_Click);
+    frame.connectCommand(MenuItem::mnuFileClose, this, &DocumentCommands::mnuFileClose_Click);
 }
 
 DocumentCommands *DocumentCommands::of(const frmMain &frame)
@@ -32,29 +37,9 @@ DocumentCommands *DocumentCommands::of(const frmMain &frame)
 
 DocumentCommands *DocumentCommands::install(frmMain &frame)
 {
-    DocumentCommands *commands = of(frame);
-    if (!commands)
-        commands = new DocumentCommands(frame);
-    commands->attach();
-    return commands;
-}
-
-void DocumentCommands::attach()
-{
-    connectAction("mnuFileNew", &DocumentCommands::mnuFileNew_Click);
-    connectAction("mnuFileOpen", &DocumentCommands::mnuFileOpen_Click);
-    connectAction("mnuFileSave", &DocumentCommands::mnuFileSave_Click);
-    connectAction("mnuFileSaveAs", &DocumentCommands::mnuFileSaveAs_Click);
-    connectAction("mnuFileClose", &DocumentCommands::mnuFileClose_Click);
-}
-
-void DocumentCommands::connectAction(const char *name, void (DocumentCommands::*handler)())
-{
-    QAction *action = m_frame.action(QLatin1String(name));
-    if (!action || m_connected.contains(action))
-        return;
-    m_connected.append(action);
-    connect(action, &QAction::triggered, this, handler);
+    if (DocumentCommands *commands = of(frame))
+        return commands;
+    return new DocumentCommands(frame);
 }
 
 frmDocument *DocumentCommands::NewDocument()

@@ -3,7 +3,6 @@
 #include <QObject>
 #include <QPointer>
 
-class QAction;
 class QMdiSubWindow;
 
 namespace tessaro {
@@ -19,6 +18,8 @@ class DocumentCommands : public QObject
 {
     Q_OBJECT
 public:
+    // Connects the File menu's document commands; calling it again returns the same
+    // object.
     static DocumentCommands *install(frmMain &frame);
     static DocumentCommands *of(const frmMain &frame);
 
@@ -45,12 +46,9 @@ Q_SIGNALS:
 
 private:
     explicit DocumentCommands(frmMain &frame);
-    void attach();
-    void connectAction(const char *name, void (DocumentCommands::*handler)());
 
     frmMain &m_frame;
     qint32 m_counter = 0;
-    QList<QPointer<QAction>> m_connected;
 };
 
 } // namespace tessaro

@@ -2,7 +2,7 @@
 
 #include "platform/core/ErrorTraps.h"
 #include "platform/core/Shell.h"
-#include "shell/core/AppState.h"
+#include "state/core/AppState.h"
 #include "shell/ui/frmMain.h"
 #include "workspace/core/FileBrowserModel.h"
 
@@ -19,9 +19,17 @@ const char kObjectName[] = "fileBrowser";
 constexpr int PathRole = Qt::UserRole;
 } // namespace
 
-FileBrowser::FileBrowser(frmMain &frame) : QObject(&frame), m_frame(frame)
+FileBrowser::FileBrowser(frmMain &frame)
+    : QObject(&frame), m_frame(frame), m_drive1(frame.Drive1()), m_dir1(frame.Dir1()),
+      m_file1(frame.File1())
 {
     setObjectName(QLatin1String(kObjectName));
+    connect(m_drive1, &QComboBox::activated, this,
+            [this](int index) { setDrive(m_drive1->itemData(index).toString()); });
+    // The lists open a folder and run a file on a double click.
+    connect(m_dir1, &QListWidget::itemDoubleClicked, this,
+            [this](QListWidgetItem *item) { Dir1_DblClick(item); });
+    connect(m_file1, &QListWidget::itemDoubleClicked, this, [this] { File1_DblClick(); });
 }
 
 FileBrowser *FileBrowser::of(const frmMain &frame)
@@ -31,45 +39,9 @@ FileBrowser *FileBrowser::of(const frmMain &frame)
 
 FileBrowser *FileBrowser::install(frmMain &frame)
 {
-    FileBrowser *browser = of(frame);
-    if (!browser)
-        browser = new FileBrowser(frame);
-    browser->attach();
-    return browser;
-}
-
-void FileBrowser::attach()
-{
-    bool added = false;
-    auto *drive1 = m_frame.findChild<QComboBox *>(QStringLiteral("Drive1"));
-    if (drive1 && drive1 != m_drive1) {
-        m_drive1 = drive1;
-        connect(drive1, &QComboBox::activated, this,
-                [this](int index) { setDrive(m_drive1->itemData(index).toString()); });
-        added = true;
-    }
-    auto *dir1 = m_frame.findChild<QListWidget *>(QStringLiteral("Dir1"));
-    if (dir1 && dir1 != m_dir1) {
-        m_dir1 = dir1;
-        // The lists open a folder and run a file on a double click.
-        connect(dir1, &QListWidget::itemDoubleClicked, this,
-                [this](QListWidgetItem *item) { Dir1_DblClick(item); });
-        added = true;
-    }
-    auto *file1 = m_frame.findChild<QListWidget *>(QStringLiteral("File1"));
-    if (file1 && file1 != m_file1) {
-        m_file1 = file1;
-        connect(file1, &QListWidget::itemDoubleClicked, this, [this] { File1_DblClick(); });
-        added = true;
-    }
-    // Lists attached before start-up wait for showStartFolder; later ones show the
-    // browser's folder at once.
-    if (!added || m_dirPath.isEmpty())
-        return;
-    fillDrives();
-    selectDriveEntry(m_drive);
-    showDirectory();
-    showFiles();
+    if (FileBrowser *browser = of(frame))
+        return browser;
+    return new FileBrowser(frame);
 }
 
 void FileBrowser::showStartFolder()

@@ -22,10 +22,8 @@ class FileBrowser : public QObject
 {
     Q_OBJECT
 public:
-    // Connects the window's three lists (when it has them) without reading any folder:
-    // start-up fills them once with showStartFolder. Calling it again attaches lists
-    // added since (filling them when the browser already shows a folder) and returns
-    // the same object.
+    // Connects the window's three lists without reading any folder: start-up fills
+    // them once with showStartFolder. Calling it again returns the same object.
     static FileBrowser *install(frmMain &frame);
     static FileBrowser *of(const frmMain &frame);
 
@@ -59,7 +57,6 @@ public:
 
 private:
     explicit FileBrowser(frmMain &frame);
-    void attach();
     void fillDrives();
     void showDirectory();
     void showFiles();

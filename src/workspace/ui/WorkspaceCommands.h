@@ -5,7 +5,6 @@
 #include <QObject>
 #include <QPointer>
 
-class QAction;
 class QTreeWidget;
 class QTreeWidgetItem;
 
@@ -21,8 +20,8 @@ class WorkspaceCommands : public QObject
 {
     Q_OBJECT
 public:
-    // Connects the commands to the window's actions and trees (those it has); calling
-    // it again connects what was added since and returns the same object.
+    // Connects the commands to the window's actions and trees; calling it again
+    // returns the same object.
     static WorkspaceCommands *install(frmMain &frame);
     // The object install() made for the window, nullptr before.
     static WorkspaceCommands *of(const frmMain &frame);
@@ -39,8 +38,9 @@ public:
 
 private:
     explicit WorkspaceCommands(frmMain &frame);
-    void attach();
-    void connectAction(const char *name, void (WorkspaceCommands::*handler)());
+    // Connects the File menu's workspace commands, the two trees and the timer's
+    // structure view rebuild.
+    void connectToWindow();
     void Code1_NodeClick(QTreeWidgetItem *item);
     void List1_NodeClick(QTreeWidgetItem *item);
 
@@ -48,7 +48,6 @@ private:
     WorkspaceSession m_session;
     QPointer<QTreeWidget> m_code1;
     QPointer<QTreeWidget> m_list1;
-    QList<QPointer<QAction>> m_connected;
 };
 
 } // namespace tessaro

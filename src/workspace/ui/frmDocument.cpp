@@ -6,7 +6,7 @@
 #include "platform/core/CommonDialog.h"
 #include "platform/core/ErrorTraps.h"
 #include "platform/core/MsgBox.h"
-#include "shell/core/AppState.h"
+#include "state/core/AppState.h"
 #include "workspace/core/DocumentRules.h"
 
 #include <QCloseEvent>

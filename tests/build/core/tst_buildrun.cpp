@@ -1,7 +1,7 @@
 #include "build/core/BuildCommand.h"
 #include "platform/core/ErrorTraps.h"
 #include "platform/core/TextFile.h"
-#include "shell/core/AppState.h"
+#include "state/core/AppState.h"
 #include "support/TestSupport.h"
 
 #include <QProcess>

@@ -4,9 +4,9 @@
 #include "build/core/QvmBuild.h"
 #include "build/core/ShellWord.h"
 #include "platform/core/TextFile.h"
-#include "shell/core/Settings.h"
+#include "state/core/Settings.h"
 #include "support/TestSupport.h"
-#include "workspace/core/WorkspaceState.h"
+#include "state/core/WorkspaceState.h"
 
 #include <QTemporaryDir>
 

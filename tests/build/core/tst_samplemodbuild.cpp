@@ -1,6 +1,6 @@
 #include "build/core/BuildCommand.h"
 #include "platform/core/TextFile.h"
-#include "shell/core/AppState.h"
+#include "state/core/AppState.h"
 #include "support/TestSupport.h"
 #include "workspace/core/WorkspaceSession.h"
 

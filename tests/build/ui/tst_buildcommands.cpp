@@ -1,6 +1,7 @@
 #include "build/ui/BuildCommands.h"
 #include "platform/core/TextFile.h"
-#include "shell/core/AppState.h"
+#include "state/core/AppState.h"
+#include "app/ui/MainWindow.h"
 #include "shell/ui/frmMain.h"
 #include "support/TestSupport.h"
 
@@ -68,7 +69,7 @@ private Q_SLOTS:
         test::RecordingMessageBox box;
         test::RecordingShell shell;
         openMod();
-        frmMain frame;
+        MainWindow frame;
         QAction *action = frame.action(item);
         QVERIFY(action);
         action->trigger();
@@ -84,7 +85,7 @@ private Q_SLOTS:
     {
         test::RecordingMessageBox box;
         test::RecordingShell shell;
-        frmMain frame;
+        MainWindow frame;
         for (const char *item :
              {"mnuBuildgameQVM", "mnuBuildcgameQVM", "mnuBuilduiQVM", "mnuBuildQ2", "mnuBuildEXE"})
             frame.action(QLatin1String(item))->trigger();
@@ -103,7 +104,7 @@ private Q_SLOTS:
         test::RecordingShell shell;
         openMod();
         textfile::writeBytes(modPath("q2game.sh"), "make\n");
-        frmMain frame;
+        MainWindow frame;
         frame.action("mnuBuildQ2")->trigger();
         QCOMPARE(box.calls.size(), 1);
         QCOMPARE(box.calls.first().prompt, QString("You need to have a Workspace Loaded"));
@@ -117,7 +118,7 @@ private Q_SLOTS:
         test::ProgramEndCatcher catcher;
         openMod();
         QDir(modPath("cgame")).removeRecursively();
-        frmMain frame;
+        MainWindow frame;
         try {
             frame.action("mnuBuildcgameQVM")->trigger();
             QFAIL("the program went on");
@@ -136,14 +137,14 @@ private Q_SLOTS:
         test::ProgramEndCatcher catcher;
         openMod();
         shell.failing << modPath("game/tdicom.sh");
-        frmMain frame;
+        MainWindow frame;
         QVERIFY_THROWS_EXCEPTION(test::ProgramEnded, frame.action("mnuBuildgameQVM")->trigger());
         QCOMPARE(box.calls.first().prompt, QString("Run-time error '53':\n\nFile not found"));
     }
 
     void propertiesOpensTheWindowWithoutWaitingAndOnlyOnce()
     {
-        frmMain frame;
+        MainWindow frame;
         frame.show();
         auto *commands = frame.findChild<BuildCommands *>("BuildCommands");
         QVERIFY(commands);
@@ -162,7 +163,7 @@ private Q_SLOTS:
 
     void theToolbarsPropertiesButtonOpensTheWindow()
     {
-        frmMain frame;
+        MainWindow frame;
         frame.show();
         QAction *button = frame.findChild<QAction *>("cToolbar1_Properties");
         QVERIFY(button);
@@ -177,7 +178,7 @@ private Q_SLOTS:
     {
         test::RecordingShell shell;
         openMod();
-        frmMain frame;
+        MainWindow frame;
         frame.show();
         QWidget *pane = frame.findChild<QWidget *>("Picture3");
         auto *list = frame.findChild<QListWidget *>("lstOut");
@@ -205,7 +206,7 @@ private Q_SLOTS:
 
     void eachOpeningReloadsTheBoxesFromTheSettings()
     {
-        frmMain frame;
+        MainWindow frame;
         auto *commands = frame.findChild<BuildCommands *>("BuildCommands");
         frame.action("mnuFileProperties")->trigger();
         QPointer<frmProps> props = commands->properties();

@@ -1,5 +1,5 @@
 #include "build/ui/frmProps.h"
-#include "shell/core/AppState.h"
+#include "state/core/AppState.h"
 #include "support/TestSupport.h"
 
 #include <QApplication>

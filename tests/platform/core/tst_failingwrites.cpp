@@ -5,7 +5,7 @@
 // settings file.
 #include "platform/core/RuntimeError.h"
 #include "platform/core/TextFile.h"
-#include "shell/core/PlainIniFormat.h"
+#include "state/core/PlainIniFormat.h"
 #include "support/ScratchMount.h"
 #include "support/TestSupport.h"
 #include "workspace/core/WorkspaceFile.h"

@@ -6,8 +6,9 @@
 #include "search/ui/frmFind.h"
 #include "search/ui/frmFnF.h"
 #include "search/ui/frmOut.h"
-#include "shell/core/AppState.h"
+#include "state/core/AppState.h"
 #include "shell/ui/MainToolbar.h"
+#include "app/ui/MainWindow.h"
 #include "shell/ui/frmMain.h"
 #include "support/TestSupport.h"
 #include "workspace/ui/FileBrowser.h"
@@ -33,7 +34,7 @@ class SearchCommandsTest : public QObject
 {
     Q_OBJECT
 
-    std::unique_ptr<frmMain> m_main;
+    std::unique_ptr<MainWindow> m_main;
     SearchCommands *m_commands = nullptr;
     QComboBox *m_box = nullptr;
     QAbstractButton *m_find = nullptr;
@@ -85,7 +86,7 @@ private Q_SLOTS:
     {
         QVERIFY(m_dir.isValid());
         resetApp();
-        m_main = std::make_unique<frmMain>();
+        m_main = std::make_unique<MainWindow>();
         m_box = m_main->findChild<QComboBox *>(QStringLiteral("fndText"));
         m_find = m_main->findChild<QAbstractButton *>(QStringLiteral("cmdFind"));
         m_commands = m_main->findChild<SearchCommands *>();
@@ -275,7 +276,7 @@ private Q_SLOTS:
     void theSearchFolderIsTheFileBrowsersFolder()
     {
         app().workspace.open = true;
-        frmMain main;
+        MainWindow main;
         FileBrowser *browser = FileBrowser::install(main);
         QVERIFY(browser);
         browser->setDirPath(m_dir.path());

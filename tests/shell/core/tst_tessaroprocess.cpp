@@ -4,7 +4,7 @@
 // does through its event log (TESSARO_EVENT_LOG) and ends on SIGTERM the normal way.
 #include "support/ProgramAccount.h"
 #include "support/TestSupport.h"
-#include "tools/core/RegistryStore.h"
+#include "platform/core/RegistryStore.h"
 
 #include <QDir>
 #include <QFile>

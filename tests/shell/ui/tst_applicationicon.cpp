@@ -1,7 +1,8 @@
 // The program's own icon on the application, its main window, its documents and its
 // dialogs, and the desktop entry the windows belong to.
-#include "shell/core/AppState.h"
+#include "state/core/AppState.h"
 #include "shell/ui/ApplicationIcon.h"
+#include "app/ui/MainWindow.h"
 #include "shell/ui/frmMain.h"
 #include "support/TestSupport.h"
 #include "workspace/ui/DocumentCommands.h"
@@ -68,7 +69,7 @@ private Q_SLOTS:
     {
         resetApp();
         QCOMPARE(imageAt(QApplication::windowIcon(), 32), renderedIcon(32));
-        frmMain frame;
+        MainWindow frame;
         frame.show();
         QCOMPARE(imageAt(frame.windowIcon(), 32), renderedIcon(32));
         QCOMPARE(imageAt(frame.windowIcon(), 16), renderedIcon(16));

@@ -1,10 +1,11 @@
 // The main window as a new user first sees it: at its default size every toolbar
 // button and the find box's button are in sight, the two bands lie in two rows, and the
 // left pane's tabs show their whole captions.
-#include "shell/core/Settings.h"
+#include "state/core/Settings.h"
 #include "shell/core/WindowPlacement.h"
 #include "shell/ui/ReBar.h"
 #include "shell/ui/TabStrip.h"
+#include "app/ui/MainWindow.h"
 #include "shell/ui/frmMain.h"
 #include "support/TestSupport.h"
 
@@ -52,14 +53,14 @@ class FirstWindowTest : public QObject
 private Q_SLOTS:
     void theDefaultSizeIsTheSettingsDefault()
     {
-        frmMain frame;
+        MainWindow frame;
         showAtDefaultSize(frame);
         QCOMPARE(frame.size(), QSize(433, 433)); // 6500 twips at 15 twips a pixel
     }
 
     void theBandsLieInTwoRows()
     {
-        frmMain frame;
+        MainWindow frame;
         showAtDefaultSize(frame);
         auto *rebar = child<ReBar>(frame, "cReBar1");
         QWidget *toolbarBand = rebar->band(QStringLiteral("Toolbar1"));
@@ -77,7 +78,7 @@ private Q_SLOTS:
 
     void atTheDefaultSizeEveryToolbarButtonIsInSight()
     {
-        frmMain frame;
+        MainWindow frame;
         showAtDefaultSize(frame);
         auto *toolbar = child<QToolBar>(frame, "cToolbar1");
         int buttons = 0;
@@ -97,7 +98,7 @@ private Q_SLOTS:
 
     void atTheDefaultSizeTheFindBoxAndItsButtonAreInSight()
     {
-        frmMain frame;
+        MainWindow frame;
         showAtDefaultSize(frame);
         auto *find = child<QPushButton>(frame, "cmdFind");
         QVERIFY(wholeInSight(frame, find));
@@ -111,7 +112,7 @@ private Q_SLOTS:
 
     void aWideWindowKeepsTheFindPanelsDesignGeometry()
     {
-        frmMain frame;
+        MainWindow frame;
         frame.resize(900, 600);
         frame.show();
         QVERIFY(QTest::qWaitForWindowExposed(&frame));
@@ -129,7 +130,7 @@ private Q_SLOTS:
     void theTabsShowTheirWholeCaptions()
     {
         QFETCH(bool, maximised);
-        frmMain frame;
+        MainWindow frame;
         showAtDefaultSize(frame);
         if (maximised) {
             frame.showMaximized();

@@ -1,11 +1,12 @@
 #include "support/TestSupport.h"
 
 #include "platform/core/RuntimeError.h"
-#include "shell/core/AppState.h"
+#include "state/core/AppState.h"
 #include "shell/ui/MainCommands.h"
 #include "shell/ui/MainPanes.h"
 #include "shell/ui/MainStatusBar.h"
 #include "shell/ui/MainTimer.h"
+#include "app/ui/MainWindow.h"
 #include "shell/ui/frmMain.h"
 
 #include <QAction>
@@ -137,7 +138,7 @@ private Q_SLOTS:
 
 void MainCommandsTest::copyAndPasteGoToTheActiveDocument()
 {
-    frmMain frame;
+    MainWindow frame;
     frame.show();
     auto *first = new FakeEditor;
     auto *second = new FakeEditor;
@@ -151,7 +152,7 @@ void MainCommandsTest::copyAndPasteGoToTheActiveDocument()
 
 void MainCommandsTest::cutChangesNothingSinceTheEditorHasNoCut()
 {
-    frmMain frame;
+    MainWindow frame;
     frame.show();
     auto *editor = new FakeEditor;
     openWindow(frame, editor, QStringLiteral("a.c"));
@@ -163,7 +164,7 @@ void MainCommandsTest::cutChangesNothingSinceTheEditorHasNoCut()
 
 void MainCommandsTest::aControlWithCutWouldBeCalledByName()
 {
-    frmMain frame;
+    MainWindow frame;
     frame.show();
     auto *editor = new PrintingEditor;
     openWindow(frame, editor, QStringLiteral("a.c"));
@@ -173,7 +174,7 @@ void MainCommandsTest::aControlWithCutWouldBeCalledByName()
 
 void MainCommandsTest::clipboardCommandsWithoutADocumentDoNothing()
 {
-    frmMain frame;
+    MainWindow frame;
     test::RecordingMessageBox box;
     for (const char *name :
          {"mnuEditCut", "mnuEditCopy", "mnuEditPaste", "mnuEditUndo", "mnuFilePrint"})
@@ -184,7 +185,7 @@ void MainCommandsTest::clipboardCommandsWithoutADocumentDoNothing()
 
 void MainCommandsTest::anEditorErrorIsIgnored()
 {
-    frmMain frame;
+    MainWindow frame;
     frame.show();
     auto *editor = new FakeEditor;
     editor->failing = true;
@@ -198,7 +199,7 @@ void MainCommandsTest::anEditorErrorIsIgnored()
 
 void MainCommandsTest::undoGoesToTheActiveDocumentOnly()
 {
-    frmMain frame;
+    MainWindow frame;
     frame.show();
     auto *editor = new FakeEditor;
     openWindow(frame, editor, QStringLiteral("a.c"));
@@ -209,7 +210,7 @@ void MainCommandsTest::undoGoesToTheActiveDocumentOnly()
 void MainCommandsTest::undoDoesNothingInTheOutputOrFindInFilesWindow()
 {
     for (const char *form : {"frmOut", "frmFnF"}) {
-        frmMain frame;
+        MainWindow frame;
         frame.show();
         auto *behind = new FakeEditor;
         openWindow(frame, behind, QStringLiteral("a.c"));
@@ -226,7 +227,7 @@ void MainCommandsTest::undoDoesNothingInTheOutputOrFindInFilesWindow()
 
 void MainCommandsTest::redoDoesNothing()
 {
-    frmMain frame;
+    MainWindow frame;
     frame.show();
     auto *editor = new PrintingEditor;
     openWindow(frame, editor, QStringLiteral("a.c"));
@@ -238,7 +239,7 @@ void MainCommandsTest::redoDoesNothing()
 
 void MainCommandsTest::printChangesNothingSinceTheEditorHasNoPrintDoc()
 {
-    frmMain frame;
+    MainWindow frame;
     frame.show();
     auto *editor = new FakeEditor;
     openWindow(frame, editor, QStringLiteral("a.c"));
@@ -250,7 +251,7 @@ void MainCommandsTest::printChangesNothingSinceTheEditorHasNoPrintDoc()
 
 void MainCommandsTest::printPassesTheCaptionToAControlThatCanPrint()
 {
-    frmMain frame;
+    MainWindow frame;
     frame.show();
     auto *editor = new PrintingEditor;
     openWindow(frame, editor, QStringLiteral("g_main.c"));
@@ -260,7 +261,7 @@ void MainCommandsTest::printPassesTheCaptionToAControlThatCanPrint()
 
 void MainCommandsTest::pageSetupShowsThePrinterDialogAndACancelIsIgnored()
 {
-    frmMain frame;
+    MainWindow frame;
     test::ScriptedCommonDialog dialog;
     test::RecordingMessageBox box;
     dialog.printerAnswer = false;
@@ -274,7 +275,7 @@ void MainCommandsTest::pageSetupShowsThePrinterDialogAndACancelIsIgnored()
 
 void MainCommandsTest::arrangingWithNoWindowsDoesNothing()
 {
-    frmMain frame;
+    MainWindow frame;
     frame.show();
     test::RecordingMessageBox box;
     for (const char *name : {"mnuWindowCascade", "mnuWindowTileHorizontal", "mnuWindowTileVertical",
@@ -286,7 +287,7 @@ void MainCommandsTest::arrangingWithNoWindowsDoesNothing()
 
 void MainCommandsTest::tilingPlacesTheWindowsAboveAndBesideEachOther()
 {
-    frmMain frame;
+    MainWindow frame;
     frame.resize(800, 600);
     frame.show();
     QMdiSubWindow *a = openWindow(frame, new FakeEditor, QStringLiteral("a"));
@@ -307,7 +308,7 @@ void MainCommandsTest::tilingPlacesTheWindowsAboveAndBesideEachOther()
 
 void MainCommandsTest::cascadeAndArrangeIconsKeepEveryWindow()
 {
-    frmMain frame;
+    MainWindow frame;
     frame.resize(800, 600);
     frame.show();
     QMdiSubWindow *a = openWindow(frame, new FakeEditor, QStringLiteral("a"));
@@ -324,7 +325,7 @@ void MainCommandsTest::cascadeAndArrangeIconsKeepEveryWindow()
 
 void MainCommandsTest::viewStatusBarTogglesTheStatusBar()
 {
-    frmMain frame;
+    MainWindow frame;
     frame.show();
     QAction *item = frame.action(QStringLiteral("mnuViewStatusBar"));
     QWidget *bar = frame.findChild<QWidget *>(QStringLiteral("sbStatusBar"));
@@ -340,7 +341,7 @@ void MainCommandsTest::viewStatusBarTogglesTheStatusBar()
 
 void MainCommandsTest::viewOutputStartsUncheckedWithThePaneShown()
 {
-    frmMain frame;
+    MainWindow frame;
     frame.show();
     QAction *item = frame.action(QStringLiteral("mnuViewOutput"));
     QWidget *pane = frame.findChild<QWidget *>(QStringLiteral("Picture3"));
@@ -359,7 +360,7 @@ void MainCommandsTest::viewOutputStartsUncheckedWithThePaneShown()
 
 void MainCommandsTest::viewToolbarChangesOnlyTheCheckMark()
 {
-    frmMain frame;
+    MainWindow frame;
     frame.show();
     QAction *item = frame.action(QStringLiteral("mnuViewToolbar"));
     item->trigger();
@@ -372,7 +373,7 @@ void MainCommandsTest::viewToolbarChangesOnlyTheCheckMark()
 
 void MainCommandsTest::thePlaceholderItemsAreDisabledAndShowNothing()
 {
-    frmMain frame;
+    MainWindow frame;
     test::RecordingMessageBox box;
     for (const char *name :
          {"mnuViewRefresh", "mnuFileSend", "mnuFilePrintPreview", "mnuFileSaveAll"}) {
@@ -384,7 +385,7 @@ void MainCommandsTest::thePlaceholderItemsAreDisabledAndShowNothing()
 
 void MainCommandsTest::thePlaceholdersShowTheirMessages()
 {
-    frmMain frame;
+    MainWindow frame;
     test::RecordingMessageBox box;
     MainCommands *c = commands(frame);
     c->mnuViewRefresh_Click();
@@ -407,7 +408,7 @@ void MainCommandsTest::thePlaceholdersShowTheirMessages()
 
 void MainCommandsTest::pasteSpecialIsReachableFromNoMenu()
 {
-    frmMain frame;
+    MainWindow frame;
     QVERIFY(!frame.action(QStringLiteral("mnuEditPasteSpecial")));
     for (QAction *action : frame.findChildren<QAction *>())
         QVERIFY(!action->text().contains(QLatin1String("Special")));
@@ -415,7 +416,7 @@ void MainCommandsTest::pasteSpecialIsReachableFromNoMenu()
 
 void MainCommandsTest::aboutShowsTheAboutBoxModallyOwnedByTheMainWindow()
 {
-    frmMain frame;
+    MainWindow frame;
     QString caption;
     QWidget *owner = nullptr;
     bool modal = false;
@@ -435,7 +436,7 @@ void MainCommandsTest::aboutShowsTheAboutBoxModallyOwnedByTheMainWindow()
 
 void MainCommandsTest::helpWithoutAHelpFileSaysSoWithTheInformationIcon()
 {
-    frmMain frame;
+    MainWindow frame;
     QVERIFY(commands(frame)->helpFile().isEmpty());
     test::RecordingMessageBox box;
     trigger(frame, "mnuHelpContents");
@@ -450,7 +451,7 @@ void MainCommandsTest::helpWithoutAHelpFileSaysSoWithTheInformationIcon()
 
 void MainCommandsTest::helpWithAMissingFileShowsTheError()
 {
-    frmMain frame;
+    MainWindow frame;
     commands(frame)->setHelpFile(QStringLiteral("/nonexistent/tessaro.html"));
     test::RecordingMessageBox box;
     trigger(frame, "mnuHelpContents");
@@ -470,7 +471,7 @@ void MainCommandsTest::helpWithAFileOpensItInTheDesktopViewer()
     UrlRecorder viewer;
     QDesktopServices::setUrlHandler(QStringLiteral("file"), &viewer, "open");
     {
-        frmMain frame;
+        MainWindow frame;
         commands(frame)->setHelpFile(help);
         test::RecordingMessageBox box;
         trigger(frame, "mnuHelpContents");
@@ -483,7 +484,7 @@ void MainCommandsTest::helpWithAFileOpensItInTheDesktopViewer()
 
 void MainCommandsTest::findAgainBeforeAnySearchDoesNothing()
 {
-    frmMain frame;
+    MainWindow frame;
     frame.show();
     auto *editor = new PrintingEditor;
     openWindow(frame, editor, QStringLiteral("a.c"));
@@ -499,7 +500,7 @@ void MainCommandsTest::findAgainBeforeAnySearchDoesNothing()
 
 void MainCommandsTest::newWindowRunsFileNew()
 {
-    frmMain frame;
+    MainWindow frame;
     int fileNew = 0;
     connect(frame.action(QStringLiteral("mnuFileNew")), &QAction::triggered, this,
             [&] { ++fileNew; });
@@ -509,7 +510,7 @@ void MainCommandsTest::newWindowRunsFileNew()
 
 void MainCommandsTest::exitClosesTheMainWindow()
 {
-    frmMain frame;
+    MainWindow frame;
     frame.show();
     QVERIFY(frame.isVisible());
     trigger(frame, "mnuFileExit");
@@ -525,7 +526,7 @@ void MainCommandsTest::theTimerOpensAPendingFileWithin100Milliseconds()
     file.write("int main;\r\n");
     file.close();
 
-    frmMain frame;
+    MainWindow frame;
     frame.show();
     auto *timer = frame.findChild<QTimer *>(QStringLiteral("Timer1"));
     int ticks = 0;
@@ -548,7 +549,7 @@ void MainCommandsTest::aPendingFileIsOpenedOnceAndCleared()
     QFile file(path);
     QVERIFY(file.open(QIODevice::WriteOnly));
     file.close();
-    frmMain frame;
+    MainWindow frame;
     MainTimer *timer = frame.findChild<MainTimer *>();
     timer->timer()->stop();
     timer->Timer1_Timer(); // nothing pending: nothing opens
@@ -562,7 +563,7 @@ void MainCommandsTest::aPendingFileIsOpenedOnceAndCleared()
 
 void MainCommandsTest::theStatusBarShowsLine1OnTheFirstLine()
 {
-    frmMain frame;
+    MainWindow frame;
     frame.show();
     MainTimer *timer = frame.findChild<MainTimer *>();
     auto *bar = frame.findChild<MainStatusBar *>();
@@ -578,7 +579,7 @@ void MainCommandsTest::theStatusBarShowsLine1OnTheFirstLine()
 
 void MainCommandsTest::theStatusBarFollowsTheCaretLine()
 {
-    frmMain frame;
+    MainWindow frame;
     frame.show();
     MainTimer *timer = frame.findChild<MainTimer *>();
     auto *bar = frame.findChild<MainStatusBar *>();
@@ -594,7 +595,7 @@ void MainCommandsTest::theStatusBarFollowsTheCaretLine()
 
 void MainCommandsTest::theCaretFlagWaitsUntilADocumentIsActive()
 {
-    frmMain frame;
+    MainWindow frame;
     frame.show();
     MainTimer *timer = frame.findChild<MainTimer *>();
     auto *bar = frame.findChild<MainStatusBar *>();
@@ -611,7 +612,7 @@ void MainCommandsTest::theCaretFlagWaitsUntilADocumentIsActive()
 
 void MainCommandsTest::aPendingBrowserFolderMovesTheBrowser()
 {
-    frmMain frame;
+    MainWindow frame;
     MainTimer *timer = frame.findChild<MainTimer *>();
     timer->timer()->stop();
     int rebuilt = 0;
@@ -636,7 +637,7 @@ void MainCommandsTest::aPendingBrowserFolderMovesTheBrowser()
 
 void MainCommandsTest::theBrowserFolderCheckNeverFiresByItself()
 {
-    frmMain frame;
+    MainWindow frame;
     frame.show();
     app().workspaceFolder = QStringLiteral("untouched");
     QObject *dir = frame.findChild<QObject *>(QStringLiteral("Dir1"));

@@ -1,9 +1,10 @@
 #include "support/TestSupport.h"
 
 #include "editor/ui/srcText.h"
-#include "shell/core/AppState.h"
+#include "state/core/AppState.h"
 #include "shell/ui/MainStatusBar.h"
 #include "shell/ui/MainTimer.h"
+#include "app/ui/MainWindow.h"
 #include "shell/ui/frmMain.h"
 
 #include <QAction>
@@ -45,7 +46,7 @@ private:
 
 void MainEditorLinkTest::theLinePanelReadsTheEditorsCurrentLine()
 {
-    frmMain frame;
+    MainWindow frame;
     frame.show();
     srcText *code = openEditor(frame, QStringLiteral("first\r\nsecond\r\nthird"));
     MainTimer *timer = frame.findChild<MainTimer *>();
@@ -65,7 +66,7 @@ void MainEditorLinkTest::theLinePanelReadsTheEditorsCurrentLine()
 
 void MainEditorLinkTest::copyAndPasteReachTheEditor()
 {
-    frmMain frame;
+    MainWindow frame;
     frame.show();
     srcText *code = openEditor(frame, QStringLiteral("alpha beta"));
     code->SetSelection(0, 5);
@@ -79,7 +80,7 @@ void MainEditorLinkTest::copyAndPasteReachTheEditor()
 
 void MainEditorLinkTest::cutAndPrintLeaveTheEditorAsItWas()
 {
-    frmMain frame;
+    MainWindow frame;
     frame.show();
     srcText *code = openEditor(frame, QStringLiteral("keep me"));
     code->SetSelection(0, 4);
@@ -94,7 +95,7 @@ void MainEditorLinkTest::cutAndPrintLeaveTheEditorAsItWas()
 
 void MainEditorLinkTest::undoReachesTheEditor()
 {
-    frmMain frame;
+    MainWindow frame;
     frame.show();
     srcText *code = openEditor(frame, QString());
     code->setFocus();

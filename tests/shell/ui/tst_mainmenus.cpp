@@ -1,5 +1,6 @@
 #include "support/TestSupport.h"
 
+#include "app/ui/MainWindow.h"
 #include "shell/ui/frmMain.h"
 
 #include <QAction>
@@ -130,7 +131,7 @@ private Q_SLOTS:
 
 void MainMenusTest::theMenuBarHoldsEveryItemInOrderWithItsDesignState()
 {
-    frmMain frame;
+    MainWindow frame;
     QList<Seen> seen;
     walk(frame.menuBar()->actions(), 0, seen);
     const int expectedCount = int(sizeof kMenuTree / sizeof kMenuTree[0]);
@@ -162,7 +163,7 @@ void MainMenusTest::theMenuBarHoldsEveryItemInOrderWithItsDesignState()
 
 void MainMenusTest::everyMenuItemIsFoundByItsName()
 {
-    frmMain frame;
+    MainWindow frame;
     for (const Expected &want : kMenuTree) {
         QAction *action = frame.action(QString::fromLatin1(want.name));
         QVERIFY2(action, want.name);
@@ -177,7 +178,7 @@ void MainMenusTest::everyMenuItemIsFoundByItsName()
 
 void MainMenusTest::separatorsAreNamedSeparatorActions()
 {
-    frmMain frame;
+    MainWindow frame;
     for (const char *name : {"mnuFileBar0", "mnuEditBar0", "mnubsep2", "mnyEditSep5", "mnuHelpSep2",
                              "mnuHelpBar0", "mnuWindowBar0"})
         QVERIFY2(frame.action(QString::fromLatin1(name))->isSeparator(), name);
@@ -186,7 +187,7 @@ void MainMenusTest::separatorsAreNamedSeparatorActions()
 
 void MainMenusTest::theRecentFileSlotsAreHiddenAndEmpty()
 {
-    frmMain frame;
+    MainWindow frame;
     for (int i = 1; i <= 3; ++i) {
         QAction *slot = frame.action(QStringLiteral("mnuFileMRU_%1").arg(i));
         QVERIFY(slot);
@@ -208,7 +209,7 @@ static QStringList windowListCaptions(QMenu *menu)
 
 void MainMenusTest::theWindowMenuListsTheOpenDocumentWindows()
 {
-    frmMain frame;
+    MainWindow frame;
     auto *menu = frame.findChild<QMenu *>(QStringLiteral("mnuWindow"));
     const int designCount = menu->actions().size();
     QCOMPARE(designCount, 6);
@@ -235,7 +236,7 @@ void MainMenusTest::theWindowMenuListsTheOpenDocumentWindows()
 
 void MainMenusTest::choosingAWindowListEntryActivatesThatWindow()
 {
-    frmMain frame;
+    MainWindow frame;
     frame.show();
     auto *menu = frame.findChild<QMenu *>(QStringLiteral("mnuWindow"));
     QMdiSubWindow *first = frame.mdiArea()->addSubWindow(new QPlainTextEdit);

@@ -6,6 +6,7 @@
 #include "shell/ui/MainStatusBar.h"
 #include "shell/ui/ReBar.h"
 #include "shell/ui/TabStrip.h"
+#include "app/ui/MainWindow.h"
 #include "shell/ui/frmMain.h"
 
 #include <QComboBox>
@@ -63,7 +64,7 @@ private Q_SLOTS:
 
 void MainPanesTest::everyPaneAndControlIsThereByName()
 {
-    frmMain frame;
+    MainWindow frame;
     for (const char *name :
          {"Picture3",     "lstOut",     "Picture1",    "picVert",  "picOptions_0", "picOptions_1",
           "picOptions_2", "tbsOptions", "picHolder",   "cReBar1",  "Picture2",     "fndText",
@@ -90,7 +91,7 @@ void MainPanesTest::everyPaneAndControlIsThereByName()
 
 void MainPanesTest::theOutputListUsesCourierAndFillsItsPane()
 {
-    frmMain frame;
+    MainWindow frame;
     frame.resize(800, 600);
     frame.show();
     auto *list = child<QListWidget>(frame, "lstOut");
@@ -105,7 +106,7 @@ void MainPanesTest::theOutputListUsesCourierAndFillsItsPane()
 
 void MainPanesTest::theFindBoxPanelHasItsDesignGeometry()
 {
-    frmMain frame;
+    MainWindow frame;
     QCOMPARE(child(frame, "Picture2")->size(), QSize(px(6975), px(315)));
     auto *box = child<QComboBox>(frame, "fndText");
     QCOMPARE(box->geometry(), QRect(0, 0, px(5775), px(315)));
@@ -118,7 +119,7 @@ void MainPanesTest::theFindBoxPanelHasItsDesignGeometry()
 
 void MainPanesTest::theHolderCarriesTwoBands()
 {
-    frmMain frame;
+    MainWindow frame;
     frame.resize(800, 600);
     frame.show();
     auto *rebar = child<ReBar>(frame, "cReBar1");
@@ -142,7 +143,7 @@ void MainPanesTest::theHolderCarriesTwoBands()
 
 void MainPanesTest::theStatusBarHasALinePanelADateAndATime()
 {
-    frmMain frame;
+    MainWindow frame;
     auto *bar = child<MainStatusBar>(frame, "sbStatusBar");
     QCOMPARE(bar->panelText(1), QStringLiteral("Status"));
     const QLocale locale;
@@ -156,7 +157,7 @@ void MainPanesTest::theStatusBarHasALinePanelADateAndATime()
 
 void MainPanesTest::theTimerTicksEvery100Milliseconds()
 {
-    frmMain frame;
+    MainWindow frame;
     auto *timer = child<QTimer>(frame, "Timer1");
     QVERIFY(timer);
     QCOMPARE(timer->interval(), 100);
@@ -174,7 +175,7 @@ void MainPanesTest::theLeftPaneIsLaidOutForItsHeight_data()
 void MainPanesTest::theLeftPaneIsLaidOutForItsHeight()
 {
     QFETCH(int, frameHeight);
-    frmMain frame;
+    MainWindow frame;
     frame.resize(800, frameHeight);
     frame.show();
     auto *pane = child<LeftPane>(frame, "Picture1");
@@ -201,7 +202,7 @@ void MainPanesTest::theLeftPaneIsLaidOutForItsHeight()
 
 void MainPanesTest::aLeftPaneTooSmallKeepsThePagesAtTheirLastSize()
 {
-    frmMain frame;
+    MainWindow frame;
     frame.resize(800, 600);
     frame.show();
     auto *pane = child<LeftPane>(frame, "Picture1");
@@ -221,7 +222,7 @@ void MainPanesTest::aLeftPaneTooSmallKeepsThePagesAtTheirLastSize()
 
 void MainPanesTest::choosingATabMovesThePagesInsteadOfHidingThem()
 {
-    frmMain frame;
+    MainWindow frame;
     frame.show();
     auto *tabs = child<TabStrip>(frame, "tbsOptions");
     tabs->setSelectedIndex(2);
@@ -243,7 +244,7 @@ void MainPanesTest::choosingATabMovesThePagesInsteadOfHidingThem()
 
 void MainPanesTest::ctrlTabOnTheLastTabSelectsFileViewAgain()
 {
-    frmMain frame;
+    MainWindow frame;
     frame.show();
     auto *tabs = child<TabStrip>(frame, "tbsOptions");
     QWidget *pane = child(frame, "Picture1");
@@ -260,7 +261,7 @@ void MainPanesTest::ctrlTabOnTheLastTabSelectsFileViewAgain()
 
 void MainPanesTest::onlyCtrlAloneWithTabSwitchesTabs()
 {
-    frmMain frame;
+    MainWindow frame;
     frame.show();
     auto *tabs = child<TabStrip>(frame, "tbsOptions");
     QWidget *pane = child(frame, "Picture1");
@@ -272,7 +273,7 @@ void MainPanesTest::onlyCtrlAloneWithTabSwitchesTabs()
 
 void MainPanesTest::hidingTheOutputPaneGivesItsRoomToTheDocuments()
 {
-    frmMain frame;
+    MainWindow frame;
     frame.resize(800, 600);
     frame.show();
     QWidget *documents = child(frame, "MDIClient");
@@ -288,7 +289,7 @@ void MainPanesTest::hidingTheOutputPaneGivesItsRoomToTheDocuments()
 
 void MainPanesTest::theBarIsSetUpForDraggingAtStart()
 {
-    frmMain frame;
+    MainWindow frame;
     auto *bar = child<QFrame>(frame, "picVert");
     QCOMPARE(bar->frameShape(), QFrame::NoFrame);
     QCOMPARE(bar->cursor().shape(), Qt::SizeHorCursor);
@@ -302,7 +303,7 @@ void MainPanesTest::theBarIsSetUpForDraggingAtStart()
 
 void MainPanesTest::draggingTheBarMovesItAndThePaneFollows()
 {
-    frmMain frame;
+    MainWindow frame;
     frame.resize(800, 600);
     frame.show();
     auto *split = child<MainSplitter>(frame, "splitter");
@@ -331,7 +332,7 @@ void MainPanesTest::draggingTheBarMovesItAndThePaneFollows()
 
 void MainPanesTest::draggingPastTheRightEdgeStopsThirtyTwoPixelsInside()
 {
-    frmMain frame;
+    MainWindow frame;
     frame.resize(800, 600);
     frame.show();
     auto *split = child<MainSplitter>(frame, "splitter");
@@ -361,7 +362,7 @@ void MainPanesTest::draggingPastTheRightEdgeStopsThirtyTwoPixelsInside()
 
 void MainPanesTest::releasingWithoutAPressLeavesThePaneAlone()
 {
-    frmMain frame;
+    MainWindow frame;
     frame.resize(800, 600);
     frame.show();
     auto *split = child<MainSplitter>(frame, "splitter");
@@ -380,7 +381,7 @@ void MainPanesTest::releasingWithoutAPressLeavesThePaneAlone()
 
 void MainPanesTest::mouseEventsOnTheFrameDriveTheDrag()
 {
-    frmMain frame;
+    MainWindow frame;
     frame.resize(800, 600);
     frame.show();
     auto *split = child<MainSplitter>(frame, "splitter");

@@ -2,6 +2,7 @@
 
 #include "shell/ui/MainToolbar.h"
 #include "shell/ui/ToolbarIcons.h"
+#include "app/ui/MainWindow.h"
 #include "shell/ui/frmMain.h"
 
 #include <QAction>
@@ -54,7 +55,7 @@ private Q_SLOTS:
 
 void MainToolbarTest::theButtonsHaveTheirKeysTooltipsAndImages()
 {
-    frmMain frame;
+    MainWindow frame;
     QToolBar *bar = toolbarOf(frame)->toolbar();
     QCOMPARE(bar->objectName(), QStringLiteral("cToolbar1"));
     QStringList got;
@@ -76,7 +77,7 @@ void MainToolbarTest::theButtonsHaveTheirKeysTooltipsAndImages()
 
 void MainToolbarTest::buttonsHaveNoCaption()
 {
-    frmMain frame;
+    MainWindow frame;
     for (QAction *action : toolbarOf(frame)->toolbar()->actions()) {
         QVERIFY(action->text().isEmpty());
         if (!action->isSeparator())
@@ -87,7 +88,7 @@ void MainToolbarTest::buttonsHaveNoCaption()
 
 void MainToolbarTest::everyImageOfTheListIsDrawnAndDistinct()
 {
-    frmMain frame;
+    MainWindow frame;
     ToolbarIcons *images = toolbarOf(frame)->images();
     QCOMPARE(images->objectName(), QStringLiteral("imlToolbarIcons"));
     QVERIFY(images->count() >= 15);
@@ -110,7 +111,7 @@ void MainToolbarTest::everyImageOfTheListIsDrawnAndDistinct()
 
 void MainToolbarTest::clickingEachButtonRunsItsCommand()
 {
-    frmMain frame;
+    MainWindow frame;
     MainToolbar *toolbar = toolbarOf(frame);
     const QStringList expected = {"mnuFileNew",       "mnuFileOpen",
                                   "mnuFileSave",      "",
@@ -130,7 +131,7 @@ void MainToolbarTest::clickingEachButtonRunsItsCommand()
 
 void MainToolbarTest::separatorsAndUnknownNumbersDoNothing()
 {
-    frmMain frame;
+    MainWindow frame;
     MainToolbar *toolbar = toolbarOf(frame);
     CommandLog log(frame);
     for (int number : {0, 4, 8, 10, 12, 14, 100, -1})
@@ -142,7 +143,7 @@ void MainToolbarTest::separatorsAndUnknownNumbersDoNothing()
 
 void MainToolbarTest::theButtonDispatcherAlsoKnowsFindInFiles()
 {
-    frmMain frame;
+    MainWindow frame;
     MainToolbar *toolbar = toolbarOf(frame);
     CommandLog log(frame);
     toolbar->dispatchButtonKey(QStringLiteral("FindnF"));
@@ -153,7 +154,7 @@ void MainToolbarTest::theButtonDispatcherAlsoKnowsFindInFiles()
 
 void MainToolbarTest::aRealClickOnTheToolbarDispatches()
 {
-    frmMain frame;
+    MainWindow frame;
     frame.show();
     CommandLog log(frame);
     QToolBar *bar = toolbarOf(frame)->toolbar();

@@ -1,12 +1,13 @@
 #include "editor/core/DynHighlight.h"
 #include "platform/core/ErrorTraps.h"
-#include "shell/core/AppState.h"
+#include "state/core/AppState.h"
 #include "shell/core/InstanceLock.h"
 #include "shell/core/InstanceServer.h"
-#include "shell/core/Settings.h"
+#include "state/core/Settings.h"
+#include "app/ui/MainWindow.h"
 #include "shell/ui/frmMain.h"
 #include "support/TestSupport.h"
-#include "tools/core/RegistryStore.h"
+#include "platform/core/RegistryStore.h"
 
 #include <QApplication>
 #include <QDir>
@@ -97,7 +98,7 @@ private Q_SLOTS:
     void theCaptionIsTheTitleUntilLoadAddsTheVersion()
     {
         Fixture f;
-        frmMain form;
+        MainWindow form;
         QCOMPARE(form.windowTitle(), QString("Tessaro"));
         form.Load(f.links);
         QCOMPARE(form.windowTitle(), QString("Tessaro v1.0"));
@@ -106,7 +107,7 @@ private Q_SLOTS:
     {
         Fixture f;
         f.store.values["comPath"] = "/opt/q3/q3lcc";
-        frmMain form;
+        MainWindow form;
         QStringList steps;
         const QString classes = RegistryStore().rootFile(reg::ClassesRoot);
         QFile::remove(classes);
@@ -143,7 +144,7 @@ private Q_SLOTS:
     void aStartListsTheBrowsersRootOnce()
     {
         Fixture f;
-        frmMain form;
+        MainWindow form;
         auto *dir1 = form.findChild<QListWidget *>("Dir1");
         auto *file1 = form.findChild<QListWidget *>("File1");
         QVERIFY(dir1 && file1);
@@ -164,7 +165,7 @@ private Q_SLOTS:
         // Slots 5 and 6 are never set and stay black.
         for (int n = 0; n < 5; ++n)
             dynHighlight().colours.setSlot(n, 0x123456);
-        frmMain form;
+        MainWindow form;
         form.Load(f.links);
         QCOMPARE(dynHighlight().colours.buildTable(),
                  QString("{\\colortbl\\red0\\green0\\blue0;\\red0\\green0\\blue255;"
@@ -174,7 +175,7 @@ private Q_SLOTS:
     void aCleanAccountPlacesTheWindowAtTheDefaults()
     {
         Fixture f;
-        frmMain form;
+        MainWindow form;
         form.Load(f.links);
         QCOMPARE(form.pos(), QPoint(67, 67));
         QCOMPARE(form.size(), QSize(433, 433));
@@ -189,7 +190,7 @@ private Q_SLOTS:
         f.store.values["MainTop"] = "-3000";
         f.store.values["MainWidth"] = "9000";
         f.store.values["MainHeight"] = "7500";
-        frmMain form;
+        MainWindow form;
         form.Load(f.links);
         QCOMPARE(form.pos(), QPoint(100, -200));
         QCOMPARE(form.size(), QSize(600, 500));
@@ -200,7 +201,7 @@ private Q_SLOTS:
         f.store.values["MainLeft"] = "left";
         test::RecordingMessageBox box;
         test::ProgramEndCatcher catcher;
-        frmMain form;
+        MainWindow form;
         try {
             untrapped([&] { form.Load(f.links); });
             QFAIL("start-up went on");
@@ -217,7 +218,7 @@ private Q_SLOTS:
     {
         Fixture f;
         f.store.values["useLnk"] = "perhaps";
-        frmMain form;
+        MainWindow form;
         try {
             form.Load(f.links);
             QFAIL("start-up went on");
@@ -228,7 +229,7 @@ private Q_SLOTS:
     void closingReleasesTheLockBeforeTheSettingsAreWritten()
     {
         Fixture f;
-        frmMain form;
+        MainWindow form;
         int ended = 0;
         f.links.ended = [&] { ++ended; };
         form.Load(f.links);
@@ -249,7 +250,7 @@ private Q_SLOTS:
     void everyValueIsWrittenAtEveryExitInItsOrder()
     {
         Fixture f;
-        frmMain form;
+        MainWindow form;
         form.Load(f.links);
         QVERIFY(form.close());
         QCOMPARE(
@@ -265,7 +266,7 @@ private Q_SLOTS:
     {
         Fixture f;
         f.store.values["MainLeft"] = "1500";
-        frmMain form;
+        MainWindow form;
         form.Load(f.links);
         app().tools.webPath = "/usr/bin/browser";
         form.move(300, 300);
@@ -279,7 +280,7 @@ private Q_SLOTS:
     void aMovedWindowWritesItsNewPlace()
     {
         Fixture f;
-        frmMain form;
+        MainWindow form;
         form.Load(f.links);
         form.move(200, 100);
         form.resize(640, 480);
@@ -293,7 +294,7 @@ private Q_SLOTS:
     {
         Fixture f;
         {
-            frmMain form;
+            MainWindow form;
             form.show();
             QVERIFY(form.close());
         }
@@ -303,7 +304,7 @@ private Q_SLOTS:
     void aQuotedPathIsOpenedWithoutItsQuotes()
     {
         Fixture f;
-        frmMain form;
+        MainWindow form;
         form.Load(f.links);
         const int before = int(form.mdiArea()->subWindowList().size());
         form.OpenCommandLine("\"" + f.dir.path() + "/a.c\"");
@@ -313,7 +314,7 @@ private Q_SLOTS:
     void anUnquotedPathLosesItsFirstAndLastCharacter()
     {
         Fixture f;
-        frmMain form;
+        MainWindow form;
         form.Load(f.links);
         form.OpenCommandLine("c:\\a.c");
         QVERIFY(f.log.events().contains("open :\\a."));
@@ -321,7 +322,7 @@ private Q_SLOTS:
     void aOneByteZeroHandOverOpensNothingButShowsTheWindow()
     {
         Fixture f;
-        frmMain form;
+        MainWindow form;
         form.Load(f.links);
         form.hide();
         const int before = int(form.mdiArea()->subWindowList().size());
@@ -335,7 +336,7 @@ private Q_SLOTS:
     void aHandedOverPathOpensInTheRunningWindow()
     {
         Fixture f;
-        frmMain form;
+        MainWindow form;
         form.Load(f.links);
         QFile file(f.dir.path() + "/handed.c");
         QVERIFY(file.open(QIODevice::WriteOnly));
@@ -349,7 +350,7 @@ private Q_SLOTS:
     void noArgumentsOnlyRestoresAndRaisesAVisibleWindow()
     {
         Fixture f;
-        frmMain form;
+        MainWindow form;
         form.Load(f.links);
         form.setWindowState(Qt::WindowMinimized);
         QCOMPARE(contactRunningCopy(f.links.socketPath, QString(), 5000),
@@ -360,7 +361,7 @@ private Q_SLOTS:
     void afterClosingTheWindowIsNoLongerFound()
     {
         Fixture f;
-        frmMain form;
+        MainWindow form;
         form.Load(f.links);
         QVERIFY(form.close());
         QCOMPARE(contactRunningCopy(f.links.socketPath, "\"/a.c\"", 2000),
@@ -370,7 +371,7 @@ private Q_SLOTS:
     void startUpRegistersTheAssociationsForThisProgram()
     {
         Fixture f;
-        frmMain form;
+        MainWindow form;
         form.Load(f.links);
         RegistryStore store;
         const auto command =
@@ -396,7 +397,7 @@ private Q_SLOTS:
         QFile::remove(qEnvironmentVariable("XDG_DATA_HOME") + "/applications/tessaro.desktop");
         {
             Fixture f;
-            frmMain form;
+            MainWindow form;
             form.Load(f.links);
             QVERIFY(form.isMarked());
             RegistryStore store;

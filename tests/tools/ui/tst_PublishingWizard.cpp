@@ -1,5 +1,5 @@
 #include "platform/core/ErrorTraps.h"
-#include "shell/core/AppState.h"
+#include "state/core/AppState.h"
 #include "support/TestSupport.h"
 #include "tools/ui/PublishingWizard.h"
 #include "tools/ui/ToolWizardPage.h"

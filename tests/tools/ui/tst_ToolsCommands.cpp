@@ -1,4 +1,5 @@
-#include "shell/core/AppState.h"
+#include "state/core/AppState.h"
+#include "app/ui/MainWindow.h"
 #include "shell/ui/frmMain.h"
 #include "support/TestSupport.h"
 #include "tools/ui/PublishingWizard.h"
@@ -61,7 +62,7 @@ private Q_SLOTS:
 
     void toolsOptionsShowsTheOptionsDialogModallyOwnedByTheMainWindow()
     {
-        frmMain main;
+        MainWindow main;
         main.show();
         QAction *item = main.action(QStringLiteral("mnuToolsOptions"));
         QVERIFY(item);
@@ -79,7 +80,7 @@ private Q_SLOTS:
 
     void viewOptionsStaysDisabledButShowsTheSameDialog()
     {
-        frmMain main;
+        MainWindow main;
         main.show();
         QAction *item = main.action(QStringLiteral("mnuViewOptions"));
         QVERIFY(item);
@@ -103,7 +104,7 @@ private Q_SLOTS:
 
     void publishModOpensTheWizardWithoutWaiting()
     {
-        frmMain main;
+        MainWindow main;
         main.show();
         QAction *item = main.action(QStringLiteral("mnuBuildUpload"));
         QVERIFY(item);

@@ -3,7 +3,7 @@
 // that the child shows the run-time's message and ends at once.
 
 #include "platform/ui/WidgetDialogs.h"
-#include "shell/core/AppState.h"
+#include "state/core/AppState.h"
 #include "support/TestSupport.h"
 #include "tools/ui/PublishingWizard.h"
 #include "tools/ui/ToolWizardPage.h"

@@ -1,5 +1,6 @@
 #include "platform/core/Twips.h"
-#include "shell/core/AppState.h"
+#include "state/core/AppState.h"
+#include "app/ui/MainWindow.h"
 #include "shell/ui/frmMain.h"
 #include "support/TestSupport.h"
 #include "tools/ui/ToolsCommands.h"
@@ -301,7 +302,7 @@ private Q_SLOTS:
 
     void showingModallyOwnedByAWindowLoadsAndUnloadsTheDialog()
     {
-        frmMain main;
+        MainWindow main;
         main.show();
         app().tools.ftpPath = QStringLiteral("/usr/bin/lftp");
         QString seenCaption, seenFtp;

@@ -1,6 +1,6 @@
 #include "platform/core/ErrorTraps.h"
 #include "platform/core/TextFile.h"
-#include "shell/core/AppState.h"
+#include "state/core/AppState.h"
 #include "support/CliRun.h"
 #include "support/RealModWorkspace.h"
 #include "support/TestSupport.h"

@@ -5,7 +5,8 @@
 #include "platform/core/EmergencySave.h"
 #include "platform/core/ErrorTraps.h"
 #include "platform/core/TextFile.h"
-#include "shell/core/AppState.h"
+#include "state/core/AppState.h"
+#include "app/ui/MainWindow.h"
 #include "shell/ui/frmMain.h"
 #include "support/TestSupport.h"
 #include "workspace/core/RecoveryPrompt.h"
@@ -53,7 +54,7 @@ class DocumentRecoveryTest : public QObject
 
     QTemporaryDir m_dir{QDir::tempPath() + "/recovery_XXXXXX"};
     QString m_root;
-    std::unique_ptr<frmMain> m_frame;
+    std::unique_ptr<MainWindow> m_frame;
     DocumentRecovery *m_recovery = nullptr;
 
     DocumentCommands *commands() const { return DocumentCommands::of(*m_frame); }
@@ -100,7 +101,7 @@ private Q_SLOTS:
         resetApp();
         m_root = QDir::home().filePath("recovery");
         QDir(m_root).removeRecursively();
-        m_frame = std::make_unique<frmMain>();
+        m_frame = std::make_unique<MainWindow>();
         m_frame->resize(900, 700);
         m_frame->show();
         m_recovery = DocumentRecovery::install(*m_frame, m_root);

@@ -3,7 +3,8 @@
 #include "platform/core/TextFile.h"
 #include "search/ui/frmFnF.h"
 #include "search/ui/frmOut.h"
-#include "shell/core/AppState.h"
+#include "state/core/AppState.h"
+#include "app/ui/MainWindow.h"
 #include "shell/ui/frmMain.h"
 #include "support/TestSupport.h"
 #include "workspace/ui/DocumentCommands.h"
@@ -28,7 +29,7 @@ class DocumentsTest : public QObject
     Q_OBJECT
 
     QTemporaryDir m_dir{QDir::tempPath() + "/docs_XXXXXX"};
-    std::unique_ptr<frmMain> m_frame;
+    std::unique_ptr<MainWindow> m_frame;
 
     QString writeFile(const QString &name, const QByteArray &bytes)
     {
@@ -95,7 +96,7 @@ private Q_SLOTS:
     void init()
     {
         resetApp();
-        m_frame = std::make_unique<frmMain>();
+        m_frame = std::make_unique<MainWindow>();
         m_frame->resize(900, 700);
         m_frame->show();
     }

@@ -4,8 +4,9 @@
 #include "platform/core/CommonDialog.h"
 #include "platform/core/TextFile.h"
 #include "platform/ui/WidgetDialogs.h"
-#include "shell/core/AppState.h"
+#include "state/core/AppState.h"
 #include "shell/core/MdiArrange.h"
+#include "app/ui/MainWindow.h"
 #include "shell/ui/frmMain.h"
 #include "support/TestSupport.h"
 #include "workspace/ui/DocumentCommands.h"
@@ -28,7 +29,7 @@ class DocumentWindowsTest : public QObject
     Q_OBJECT
 
     QTemporaryDir m_dir{QDir::tempPath() + "/docwin_XXXXXX"};
-    std::unique_ptr<frmMain> m_frame;
+    std::unique_ptr<MainWindow> m_frame;
 
     DocumentCommands *commands() const { return DocumentCommands::of(*m_frame); }
     QMdiArea *area() const { return m_frame->mdiArea(); }
@@ -80,7 +81,7 @@ private Q_SLOTS:
     void init()
     {
         resetApp();
-        m_frame = std::make_unique<frmMain>();
+        m_frame = std::make_unique<MainWindow>();
         m_frame->resize(900, 700);
         m_frame->show();
         QVERIFY(QTest::qWaitForWindowExposed(m_frame.get()));

@@ -1,6 +1,7 @@
 #include "editor/ui/srcText.h"
 #include "platform/core/TextFile.h"
-#include "shell/core/AppState.h"
+#include "state/core/AppState.h"
+#include "app/ui/MainWindow.h"
 #include "shell/ui/frmMain.h"
 #include "support/CliRun.h"
 #include "support/RealModWorkspace.h"
@@ -64,7 +65,7 @@ class WorkspaceViewTest : public QObject
         return test::writeFileIn(m_dir.path(), name, bytes);
     }
 
-    std::unique_ptr<frmMain> m_frame;
+    std::unique_ptr<MainWindow> m_frame;
     QTreeWidget *code1() const { return m_frame->findChild<QTreeWidget *>("Code1"); }
     QTreeWidget *list1() const { return m_frame->findChild<QTreeWidget *>("List1"); }
     QComboBox *drive1() const { return m_frame->findChild<QComboBox *>("Drive1"); }
@@ -110,20 +111,7 @@ private Q_SLOTS:
     void init()
     {
         resetApp();
-        m_frame = std::make_unique<frmMain>();
-        // The left pane's controls, for a main window that does not make them yet.
-        if (!code1()) {
-            new QTreeWidget(m_frame.get());
-            m_frame->findChildren<QTreeWidget *>().last()->setObjectName("Code1");
-            (new QTreeWidget(m_frame.get()))->setObjectName("List1");
-            (new QComboBox(m_frame.get()))->setObjectName("Drive1");
-            (new QListWidget(m_frame.get()))->setObjectName("Dir1");
-            (new QListWidget(m_frame.get()))->setObjectName("File1");
-            for (const char *name : {"Code1", "List1", "Dir1", "File1"})
-                m_frame->findChild<QWidget *>(name)->setGeometry(0, 100, 300, 400);
-            WorkspaceCommands::install(*m_frame);
-            FileBrowser::install(*m_frame);
-        }
+        m_frame = std::make_unique<MainWindow>();
         // Start-up's file browser step: the lists show the root folder.
         FileBrowser::of(*m_frame)->showStartFolder();
         m_frame->resize(800, 600);

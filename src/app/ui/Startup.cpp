@@ -1,4 +1,4 @@
-#include "shell/ui/Startup.h"
+#include "app/ui/Startup.h"
 
 #include "platform/core/AppInfo.h"
 #include "platform/core/EmergencySave.h"
@@ -11,7 +11,7 @@
 #include "shell/core/InstanceLock.h"
 #include "shell/core/InstanceServer.h"
 #include "shell/ui/ApplicationIcon.h"
-#include "shell/ui/frmMain.h"
+#include "app/ui/MainWindow.h"
 #include "shell/ui/frmSplash.h"
 #include "workspace/ui/DocumentRecovery.h"
 #include "workspace/ui/frmRecover.h"
@@ -94,11 +94,11 @@ int Main(int argc, char **argv)
     installWidgetDialogs();
     installRecoveryDialog();
 
-    std::unique_ptr<frmMain> mainWindow;
+    std::unique_ptr<MainWindow> mainWindow;
     QPointer<frmSplash> splash;
     splash = new frmSplash([&] {
         logEvent(QStringLiteral("splash timer"));
-        mainWindow = std::make_unique<frmMain>();
+        mainWindow = std::make_unique<MainWindow>();
         DocumentRecovery *recovery = DocumentRecovery::install(*mainWindow);
         if (eventLogEnabled())
             mainWindow->mdiArea()->viewport()->installEventFilter(

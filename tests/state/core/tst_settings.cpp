@@ -1,6 +1,6 @@
 #include "platform/core/RuntimeError.h"
-#include "shell/core/PlainIniFormat.h"
-#include "shell/core/Settings.h"
+#include "state/core/PlainIniFormat.h"
+#include "state/core/Settings.h"
 #include "support/TestSupport.h"
 
 #include <QDir>

@@ -1,4 +1,4 @@
-#include "shell/core/PlainIniFormat.h"
+#include "state/core/PlainIniFormat.h"
 
 #include <QIODevice>
 #include <QMap>

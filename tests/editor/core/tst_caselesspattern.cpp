@@ -1,4 +1,4 @@
-#include "search/core/CaselessPattern.h"
+#include "editor/core/CaselessPattern.h"
 #include "support/TestSupport.h"
 
 #include <QRandomGenerator>

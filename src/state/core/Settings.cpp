@@ -1,8 +1,8 @@
-#include "shell/core/Settings.h"
+#include "state/core/Settings.h"
 
 #include "platform/core/AppInfo.h"
 #include "platform/core/RuntimeError.h"
-#include "shell/core/PlainIniFormat.h"
+#include "state/core/PlainIniFormat.h"
 
 #include <QSettings>
 #include <QStandardPaths>

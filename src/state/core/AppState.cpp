@@ -1,4 +1,4 @@
-#include "shell/core/AppState.h"
+#include "state/core/AppState.h"
 
 namespace tessaro {
 

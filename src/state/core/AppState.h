@@ -1,7 +1,7 @@
 #pragma once
 
-#include "shell/core/Settings.h"
-#include "workspace/core/WorkspaceState.h"
+#include "state/core/Settings.h"
+#include "state/core/WorkspaceState.h"
 
 #include <QString>
 

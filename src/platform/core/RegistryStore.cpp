@@ -1,4 +1,4 @@
-#include "tools/core/RegistryStore.h"
+#include "platform/core/RegistryStore.h"
 
 #include <QDir>
 #include <QFile>

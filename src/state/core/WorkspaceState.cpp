@@ -1,4 +1,4 @@
-#include "workspace/core/WorkspaceState.h"
+#include "state/core/WorkspaceState.h"
 
 namespace tessaro {
 
