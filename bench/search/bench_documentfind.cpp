@@ -10,8 +10,8 @@
 // and Qt's own case-insensitive search for comparison. Run it with
 // QT_QPA_PLATFORM=offscreen when there is no display.
 
-#include "editor/ui/srcText.h"
 #include "editor/core/CaselessPattern.h"
+#include "editor/ui/srcText.h"
 #include "search/core/FindController.h"
 #include "search/ui/DocumentFindTarget.h"
 

@@ -1,5 +1,6 @@
 #include "app/ui/Startup.h"
 
+#include "app/ui/MainWindow.h"
 #include "platform/core/AppInfo.h"
 #include "platform/core/EmergencySave.h"
 #include "platform/core/ErrorTraps.h"
@@ -11,7 +12,6 @@
 #include "shell/core/InstanceLock.h"
 #include "shell/core/InstanceServer.h"
 #include "shell/ui/ApplicationIcon.h"
-#include "app/ui/MainWindow.h"
 #include "shell/ui/frmSplash.h"
 #include "workspace/ui/DocumentRecovery.h"
 #include "workspace/ui/frmRecover.h"

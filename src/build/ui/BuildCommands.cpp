@@ -2,8 +2,8 @@
 
 #include "build/ui/frmProps.h"
 #include "platform/core/ErrorTraps.h"
-#include "state/core/AppState.h"
 #include "shell/ui/frmMain.h"
+#include "state/core/AppState.h"
 
 #include <QAction>
 

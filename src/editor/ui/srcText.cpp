@@ -1,11 +1,12 @@
 #include "editor/ui/srcText.h"
 
+#include "editor/core/CaselessPattern.h"
 #include "editor/core/ColouredLines.h"
 #include "editor/core/DocumentColourer.h"
-#include "editor/core/PropertyColour.h"
 #include "editor/core/EditorPositions.h"
 #include "editor/core/ModeWordLists.h"
 #include "editor/core/PropertyBag.h"
+#include "editor/core/PropertyColour.h"
 #include "editor/core/RtfDocument.h"
 #include "editor/ui/DeferredDeleteHold.h"
 #include "editor/ui/SourceEditBox.h"
@@ -14,7 +15,6 @@
 #include "platform/core/Paths.h"
 #include "platform/core/RuntimeError.h"
 #include "platform/core/TextFile.h"
-#include "editor/core/CaselessPattern.h"
 
 #include <QApplication>
 #include <QClipboard>

@@ -7,9 +7,9 @@
 #include "search/ui/DocumentFindTarget.h"
 #include "search/ui/frmFnF.h"
 #include "search/ui/frmOut.h"
-#include "state/core/AppState.h"
 #include "shell/ui/ActiveDocument.h"
 #include "shell/ui/frmMain.h"
+#include "state/core/AppState.h"
 #include "workspace/ui/FileBrowser.h"
 
 #include <QAbstractButton>

@@ -1,11 +1,11 @@
 #include "shell/ui/MainTimer.h"
 
 #include "platform/core/ErrorTraps.h"
-#include "state/core/AppState.h"
 #include "shell/ui/ActiveDocument.h"
 #include "shell/ui/LeftPane.h"
 #include "shell/ui/MainStatusBar.h"
 #include "shell/ui/frmMain.h"
+#include "state/core/AppState.h"
 
 #include <QComboBox>
 #include <QListWidget>

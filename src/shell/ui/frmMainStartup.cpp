@@ -7,12 +7,12 @@
 #include "platform/core/ErrorTraps.h"
 #include "platform/core/EventLog.h"
 #include "platform/core/Twips.h"
-#include "state/core/AppState.h"
 #include "shell/core/HandOver.h"
 #include "shell/core/InstanceLock.h"
 #include "shell/core/InstanceServer.h"
-#include "state/core/Settings.h"
 #include "shell/core/WindowPlacement.h"
+#include "state/core/AppState.h"
+#include "state/core/Settings.h"
 
 #include <QCloseEvent>
 #include <QMdiArea>

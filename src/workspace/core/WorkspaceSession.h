@@ -1,7 +1,7 @@
 #pragma once
 
-#include "workspace/core/NodeTree.h"
 #include "state/core/WorkspaceState.h"
+#include "workspace/core/NodeTree.h"
 
 #include <QString>
 

@@ -3,9 +3,9 @@
 #include "editor/ui/srcText.h"
 #include "platform/core/CommonDialog.h"
 #include "platform/core/ErrorTraps.h"
-#include "state/core/AppState.h"
 #include "shell/ui/NewChildPlacement.h"
 #include "shell/ui/frmMain.h"
+#include "state/core/AppState.h"
 #include "workspace/core/DocumentRules.h"
 #include "workspace/ui/frmDocument.h"
 

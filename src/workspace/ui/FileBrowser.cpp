@@ -2,8 +2,8 @@
 
 #include "platform/core/ErrorTraps.h"
 #include "platform/core/Shell.h"
-#include "state/core/AppState.h"
 #include "shell/ui/frmMain.h"
+#include "state/core/AppState.h"
 #include "workspace/core/FileBrowserModel.h"
 
 #include <QApplication>

@@ -1,9 +1,9 @@
 #include "workspace/ui/WorkspaceCommands.h"
 
 #include "platform/core/ErrorTraps.h"
-#include "state/core/AppState.h"
 #include "shell/ui/MainTimer.h"
 #include "shell/ui/frmMain.h"
+#include "state/core/AppState.h"
 #include "workspace/ui/TreeMirror.h"
 
 #include <QAction>

@@ -1,9 +1,9 @@
 #include "build/core/BuildCommand.h"
 #include "platform/core/TextFile.h"
 #include "state/core/Settings.h"
+#include "state/core/WorkspaceState.h"
 #include "support/CliRun.h"
 #include "support/TestSupport.h"
-#include "state/core/WorkspaceState.h"
 
 #include <QProcess>
 #include <QTemporaryDir>

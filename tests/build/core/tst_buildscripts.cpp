@@ -5,8 +5,8 @@
 #include "build/core/ShellWord.h"
 #include "platform/core/TextFile.h"
 #include "state/core/Settings.h"
-#include "support/TestSupport.h"
 #include "state/core/WorkspaceState.h"
+#include "support/TestSupport.h"
 
 #include <QTemporaryDir>
 

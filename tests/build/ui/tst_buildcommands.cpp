@@ -1,8 +1,8 @@
+#include "app/ui/MainWindow.h"
 #include "build/ui/BuildCommands.h"
 #include "platform/core/TextFile.h"
-#include "state/core/AppState.h"
-#include "app/ui/MainWindow.h"
 #include "shell/ui/frmMain.h"
+#include "state/core/AppState.h"
 #include "support/TestSupport.h"
 
 #include <QAction>

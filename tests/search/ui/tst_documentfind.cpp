@@ -1,5 +1,5 @@
-#include "editor/ui/srcText.h"
 #include "editor/core/CaselessPattern.h"
+#include "editor/ui/srcText.h"
 #include "support/TestSupport.h"
 
 #include <QRandomGenerator>

@@ -1,3 +1,4 @@
+#include "app/ui/MainWindow.h"
 #include "editor/ui/srcText.h"
 #include "platform/core/MsgBox.h"
 #include "platform/core/RuntimeError.h"
@@ -6,10 +7,9 @@
 #include "search/ui/frmFind.h"
 #include "search/ui/frmFnF.h"
 #include "search/ui/frmOut.h"
-#include "state/core/AppState.h"
 #include "shell/ui/MainToolbar.h"
-#include "app/ui/MainWindow.h"
 #include "shell/ui/frmMain.h"
+#include "state/core/AppState.h"
 #include "support/TestSupport.h"
 #include "workspace/ui/FileBrowser.h"
 

@@ -2,9 +2,9 @@
 // lock, a settings round, a corrupt setting and a copy of the program in another
 // folder. Every run has its own private account folders; the program reports what it
 // does through its event log (TESSARO_EVENT_LOG) and ends on SIGTERM the normal way.
+#include "platform/core/RegistryStore.h"
 #include "support/ProgramAccount.h"
 #include "support/TestSupport.h"
-#include "platform/core/RegistryStore.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,9 +1,9 @@
 // The program's own icon on the application, its main window, its documents and its
 // dialogs, and the desktop entry the windows belong to.
-#include "state/core/AppState.h"
-#include "shell/ui/ApplicationIcon.h"
 #include "app/ui/MainWindow.h"
+#include "shell/ui/ApplicationIcon.h"
 #include "shell/ui/frmMain.h"
+#include "state/core/AppState.h"
 #include "support/TestSupport.h"
 #include "workspace/ui/DocumentCommands.h"
 #include "workspace/ui/frmDocument.h"

@@ -1,12 +1,12 @@
 // The main window as a new user first sees it: at its default size every toolbar
 // button and the find box's button are in sight, the two bands lie in two rows, and the
 // left pane's tabs show their whole captions.
-#include "state/core/Settings.h"
+#include "app/ui/MainWindow.h"
 #include "shell/core/WindowPlacement.h"
 #include "shell/ui/ReBar.h"
 #include "shell/ui/TabStrip.h"
-#include "app/ui/MainWindow.h"
 #include "shell/ui/frmMain.h"
+#include "state/core/Settings.h"
 #include "support/TestSupport.h"
 
 #include <QAction>

@@ -1,13 +1,13 @@
 #include "support/TestSupport.h"
 
+#include "app/ui/MainWindow.h"
 #include "platform/core/RuntimeError.h"
-#include "state/core/AppState.h"
 #include "shell/ui/MainCommands.h"
 #include "shell/ui/MainPanes.h"
 #include "shell/ui/MainStatusBar.h"
 #include "shell/ui/MainTimer.h"
-#include "app/ui/MainWindow.h"
 #include "shell/ui/frmMain.h"
+#include "state/core/AppState.h"
 
 #include <QAction>
 #include <QDesktopServices>

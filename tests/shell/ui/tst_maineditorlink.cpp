@@ -1,11 +1,11 @@
 #include "support/TestSupport.h"
 
+#include "app/ui/MainWindow.h"
 #include "editor/ui/srcText.h"
-#include "state/core/AppState.h"
 #include "shell/ui/MainStatusBar.h"
 #include "shell/ui/MainTimer.h"
-#include "app/ui/MainWindow.h"
 #include "shell/ui/frmMain.h"
+#include "state/core/AppState.h"
 
 #include <QAction>
 #include <QClipboard>

@@ -1,6 +1,7 @@
 #include "support/TestSupport.h"
 
 #include "app/ui/MainWindow.h"
+#include "shell/core/MenuTable.h"
 #include "shell/ui/frmMain.h"
 
 #include <QAction>
@@ -9,6 +10,8 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QPlainTextEdit>
+
+#include <memory>
 
 using namespace tessaro;
 
@@ -123,6 +126,8 @@ class MainMenusTest : public QObject
 private Q_SLOTS:
     void theMenuBarHoldsEveryItemInOrderWithItsDesignState();
     void everyMenuItemIsFoundByItsName();
+    void everyMenuItemIsReachedByItsEnumValue();
+    void aConnectedCommandRunsWhileItsReceiverLives();
     void separatorsAreNamedSeparatorActions();
     void theRecentFileSlotsAreHiddenAndEmpty();
     void theWindowMenuListsTheOpenDocumentWindows();
@@ -174,6 +179,40 @@ void MainMenusTest::everyMenuItemIsFoundByItsName()
     QVERIFY(frame.findChild<QMenu *>(QStringLiteral("mnuPUQ3")));
     QCOMPARE(frame.findChild<QMenu *>(QStringLiteral("mnuWindow"))->title(),
              QStringLiteral("&Window"));
+}
+
+void MainMenusTest::everyMenuItemIsReachedByItsEnumValue()
+{
+    // The enum lists the table's entries in order, so the two cannot drift apart.
+    const QVector<MenuEntry> &table = mainMenuTable();
+    QCOMPARE(menuItemCount, int(sizeof kMenuTree / sizeof kMenuTree[0]));
+    QCOMPARE(table.size(), menuItemCount);
+    MainWindow frame;
+    for (int i = 0; i < menuItemCount; ++i) {
+        const auto item = static_cast<MenuItem>(i);
+        const QString name = QString::fromLatin1(kMenuTree[i].name);
+        QCOMPARE(menuItemName(item), name);
+        QVERIFY(table.at(i).item == item);
+        QCOMPARE(table.at(i).name, name);
+        QCOMPARE(frame.menuItem(item), frame.action(name));
+        if (opensMenu(table, i))
+            QCOMPARE(frame.menu(item), frame.findChild<QMenu *>(name));
+        else
+            QVERIFY(!frame.menu(item));
+    }
+}
+
+void MainMenusTest::aConnectedCommandRunsWhileItsReceiverLives()
+{
+    MainWindow frame;
+    int runs = 0;
+    auto receiver = std::make_unique<QObject>();
+    frame.connectCommand(MenuItem::mnuFileMRU_2, receiver.get(), [&runs] { ++runs; });
+    frame.menuItem(MenuItem::mnuFileMRU_2)->trigger();
+    QCOMPARE(runs, 1);
+    receiver.reset();
+    frame.menuItem(MenuItem::mnuFileMRU_2)->trigger();
+    QCOMPARE(runs, 1);
 }
 
 void MainMenusTest::separatorsAreNamedSeparatorActions()

@@ -1,12 +1,12 @@
 #include "support/TestSupport.h"
 
+#include "app/ui/MainWindow.h"
 #include "shell/ui/LeftPane.h"
 #include "shell/ui/MainPanes.h"
 #include "shell/ui/MainSplitter.h"
 #include "shell/ui/MainStatusBar.h"
 #include "shell/ui/ReBar.h"
 #include "shell/ui/TabStrip.h"
-#include "app/ui/MainWindow.h"
 #include "shell/ui/frmMain.h"
 
 #include <QComboBox>

@@ -1,8 +1,8 @@
 #include "support/TestSupport.h"
 
+#include "app/ui/MainWindow.h"
 #include "shell/ui/MainToolbar.h"
 #include "shell/ui/ToolbarIcons.h"
-#include "app/ui/MainWindow.h"
 #include "shell/ui/frmMain.h"
 
 #include <QAction>

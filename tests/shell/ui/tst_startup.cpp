@@ -1,13 +1,13 @@
+#include "app/ui/MainWindow.h"
 #include "editor/core/DynHighlight.h"
 #include "platform/core/ErrorTraps.h"
-#include "state/core/AppState.h"
+#include "platform/core/RegistryStore.h"
 #include "shell/core/InstanceLock.h"
 #include "shell/core/InstanceServer.h"
-#include "state/core/Settings.h"
-#include "app/ui/MainWindow.h"
 #include "shell/ui/frmMain.h"
+#include "state/core/AppState.h"
+#include "state/core/Settings.h"
 #include "support/TestSupport.h"
-#include "platform/core/RegistryStore.h"
 
 #include <QApplication>
 #include <QDir>

@@ -1,6 +1,6 @@
+#include "platform/core/RegistryStore.h"
 #include "platform/core/RuntimeError.h"
 #include "support/TestSupport.h"
-#include "platform/core/RegistryStore.h"
 #include "tools/core/cRegistry.h"
 
 #include <QDir>

@@ -1,6 +1,6 @@
-#include "state/core/AppState.h"
 #include "app/ui/MainWindow.h"
 #include "shell/ui/frmMain.h"
+#include "state/core/AppState.h"
 #include "support/TestSupport.h"
 #include "tools/ui/PublishingWizard.h"
 #include "tools/ui/WizardPage.h"

@@ -1,13 +1,13 @@
 // Recovery copies of unsaved documents in the main window: when they are written and
 // removed, what an untrapped run-time error and the emergency save leave behind, and
 // how the documents of an earlier session come back.
+#include "app/ui/MainWindow.h"
 #include "editor/ui/srcText.h"
 #include "platform/core/EmergencySave.h"
 #include "platform/core/ErrorTraps.h"
 #include "platform/core/TextFile.h"
-#include "state/core/AppState.h"
-#include "app/ui/MainWindow.h"
 #include "shell/ui/frmMain.h"
+#include "state/core/AppState.h"
 #include "support/TestSupport.h"
 #include "workspace/core/RecoveryPrompt.h"
 #include "workspace/core/RecoveryStore.h"

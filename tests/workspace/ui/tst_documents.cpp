@@ -1,16 +1,16 @@
+#include "app/ui/MainWindow.h"
 #include "editor/core/DynHighlight.h"
+#include "editor/ui/EditorTestHelpers.h"
 #include "editor/ui/srcText.h"
 #include "platform/core/TextFile.h"
 #include "search/ui/frmFnF.h"
 #include "search/ui/frmOut.h"
-#include "state/core/AppState.h"
-#include "app/ui/MainWindow.h"
 #include "shell/ui/frmMain.h"
+#include "state/core/AppState.h"
 #include "support/TestSupport.h"
 #include "workspace/ui/DocumentCommands.h"
 #include "workspace/ui/WorkspaceCommands.h"
 #include "workspace/ui/frmDocument.h"
-#include "editor/ui/EditorTestHelpers.h"
 
 #include <QAction>
 #include <QDirIterator>

@@ -1,13 +1,13 @@
 // How document windows look when they open: their place and size in the MDI area,
 // their font, and the file dialogs they ask for names with.
+#include "app/ui/MainWindow.h"
 #include "editor/ui/srcText.h"
 #include "platform/core/CommonDialog.h"
 #include "platform/core/TextFile.h"
 #include "platform/ui/WidgetDialogs.h"
-#include "state/core/AppState.h"
 #include "shell/core/MdiArrange.h"
-#include "app/ui/MainWindow.h"
 #include "shell/ui/frmMain.h"
+#include "state/core/AppState.h"
 #include "support/TestSupport.h"
 #include "workspace/ui/DocumentCommands.h"
 #include "workspace/ui/frmDocument.h"
