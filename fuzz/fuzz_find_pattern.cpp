@@ -14,7 +14,7 @@ qsizetype plainIndex(const QByteArray &pattern, const QByteArray &text)
     for (qsizetype at = 0; at + pattern.size() <= text.size(); ++at) {
         qsizetype i = 0;
         while (i < pattern.size() &&
-               search::foldLatin1(uchar(pattern[i])) == search::foldLatin1(uchar(text[at + i])))
+               foldLatin1(uchar(pattern[i])) == foldLatin1(uchar(text[at + i])))
             ++i;
         if (i == pattern.size())
             return at;
@@ -34,14 +34,14 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     const QByteArray text(reinterpret_cast<const char *>(data) + 1 + length,
                           qsizetype(size) - 1 - length);
 
-    const search::CaselessPattern matcher(QString::fromLatin1(pattern));
+    const CaselessPattern matcher(QString::fromLatin1(pattern));
     const qsizetype expected = plainIndex(pattern, text);
     fuzzCheck(matcher.indexIn(text) == expected);
     const QString wide = QString::fromLatin1(text);
     fuzzCheck(matcher.indexIn(wide, 0, wide.size()) == expected);
 
     // A search text with a character beyond Latin-1 matches nothing.
-    const search::CaselessPattern wider(QString::fromLatin1(pattern) + QChar(0x263A));
+    const CaselessPattern wider(QString::fromLatin1(pattern) + QChar(0x263A));
     fuzzCheck(wider.indexIn(text) == -1);
     return 0;
 }

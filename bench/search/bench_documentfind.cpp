@@ -24,7 +24,7 @@
 #include <functional>
 #include <vector>
 
-using tessaro::search::CaselessPattern;
+using tessaro::CaselessPattern;
 
 namespace {
 

@@ -6,7 +6,7 @@
 #include <emmintrin.h>
 #endif
 
-namespace tessaro::search {
+namespace tessaro {
 
 namespace {
 
@@ -162,4 +162,4 @@ qsizetype CaselessPattern::indexIn(QStringView text, qsizetype from, qsizetype t
     return found < 0 ? -1 : from + found;
 }
 
-} // namespace tessaro::search
+} // namespace tessaro

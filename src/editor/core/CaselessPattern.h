@@ -4,7 +4,7 @@
 #include <QString>
 #include <QStringView>
 
-namespace tessaro::search {
+namespace tessaro {
 
 // Folds an 8-bit (Latin-1) character to lower case: A-Z and the accented capitals
 // (0xC0-0xDE except the multiplication sign) become their small letters; every other
@@ -45,4 +45,4 @@ private:
     bool m_matchable = true; // false when the pattern holds a character above 0xFF
 };
 
-} // namespace tessaro::search
+} // namespace tessaro

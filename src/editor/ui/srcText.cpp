@@ -659,7 +659,7 @@ int srcText::Find(const QString &bstrString, int vStart, int vEnd, int vOptions)
 
 qsizetype srcText::findOnOneLine(const QString &text, int vStart, int vEnd) const
 {
-    const search::CaselessPattern pattern(text);
+    const CaselessPattern pattern(text);
     if (!pattern.isLatin1() || text.contains(u'\r') || text.contains(u'\n'))
         return NotSearched;
     const QTextDocument &doc = *m_rtfMain->document();

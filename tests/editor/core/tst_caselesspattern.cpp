@@ -3,8 +3,8 @@
 
 #include <QRandomGenerator>
 
-using tessaro::search::CaselessPattern;
-using tessaro::search::foldLatin1;
+using tessaro::CaselessPattern;
+using tessaro::foldLatin1;
 
 namespace {
 

@@ -3,6 +3,7 @@
 #include "support/TestSupport.h"
 
 using namespace tessaro::search;
+using tessaro::CaselessPattern;
 
 namespace {
 

@@ -5,7 +5,7 @@
 #include <QRandomGenerator>
 
 using namespace tessaro;
-using tessaro::search::CaselessPattern;
+using tessaro::CaselessPattern;
 
 // Find without options in an editor control agrees with a plain search of its text
 // (lines joined by CR LF) between the same positions, wherever the positions fall.
