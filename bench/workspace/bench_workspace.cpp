@@ -4,6 +4,7 @@
 //
 // Usage: bench_workspace [HEADER_ROOT]   (default /usr/include; run through run.sh)
 
+#include "app/ui/MainWindow.h"
 #include "platform/core/CommonDialog.h"
 #include "platform/core/ErrorTraps.h"
 #include "platform/core/TextFile.h"
@@ -145,7 +146,7 @@ int main(int argc, char **argv)
     const QString workspace = dir.filePath("full.tdi");
     textfile::writeBytes(workspace, tdi);
 
-    frmMain frame;
+    MainWindow frame;
     auto *code1 = frame.findChild<QTreeWidget *>("Code1");
     auto *list1 = frame.findChild<QTreeWidget *>("List1");
     if (!code1) {
