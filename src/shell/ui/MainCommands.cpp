@@ -6,6 +6,7 @@
 #include "shell/core/MdiArrange.h"
 #include "shell/ui/ActiveDocument.h"
 #include "shell/ui/MainPanes.h"
+#include "shell/ui/NewChildPlacement.h"
 #include "shell/ui/frmAbout.h"
 #include "shell/ui/frmMain.h"
 
@@ -114,7 +115,7 @@ void MainCommands::Arrange(int mode)
         (child->isMinimized() ? icons : windows).append(child);
     }
     switch (mode) {
-    case Cascade: area->cascadeSubWindows(); break;
+    case Cascade: cascadeChildren(*area); break;
     case TileHorizontal:
     case TileVertical: {
         const QVector<QRect> rects = tileRects(space, int(windows.size()), mode == TileHorizontal);

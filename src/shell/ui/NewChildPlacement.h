@@ -11,4 +11,9 @@ namespace tessaro {
 // that the area shows maximised (because the active one is) stays so.
 void showNewChild(QMdiArea &area, QMdiSubWindow *child);
 
+// Window > Cascade: the open (not minimised) windows from the top left, each one step
+// further down and right at the size a new document window gets, the front-most last
+// and still in front. Minimised windows keep their place.
+void cascadeChildren(QMdiArea &area);
+
 } // namespace tessaro

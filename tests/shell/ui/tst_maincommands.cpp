@@ -114,6 +114,7 @@ private Q_SLOTS:
     void arrangingWithNoWindowsDoesNothing();
     void tilingPlacesTheWindowsAboveAndBesideEachOther();
     void cascadeAndArrangeIconsKeepEveryWindow();
+    void cascadedWindowsKeepAUsableSize();
     void viewStatusBarTogglesTheStatusBar();
     void viewOutputStartsUncheckedWithThePaneShown();
     void viewToolbarChangesOnlyTheCheckMark();
@@ -321,6 +322,31 @@ void MainCommandsTest::cascadeAndArrangeIconsKeepEveryWindow()
     QCOMPARE(a->x(), 0);
     QCOMPARE(a->geometry().bottom(), area.bottom());
     QCOMPARE(frame.mdiArea()->subWindowList().size(), 2);
+}
+
+void MainCommandsTest::cascadedWindowsKeepAUsableSize()
+{
+    MainWindow frame;
+    frame.resize(900, 700);
+    frame.show();
+    QMdiSubWindow *a = openWindow(frame, new FakeEditor, QStringLiteral("a"));
+    QMdiSubWindow *b = openWindow(frame, new FakeEditor, QStringLiteral("b"));
+    QMdiSubWindow *c = openWindow(frame, new FakeEditor, QStringLiteral("c"));
+    frame.mdiArea()->setActiveSubWindow(a);
+    c->resize(100, 30);
+    b->showMaximized();
+    frame.mdiArea()->setActiveSubWindow(a);
+    trigger(frame, "mnuWindowCascade");
+    const QSize area = frame.mdiArea()->viewport()->size();
+    for (QMdiSubWindow *window : {a, b, c}) {
+        QVERIFY(!window->isMaximized());
+        QVERIFY2(window->width() >= area.width() * 6 / 10, qPrintable(window->windowTitle()));
+        QVERIFY2(window->height() >= area.height() * 6 / 10, qPrintable(window->windowTitle()));
+    }
+    // The active window ends in front, furthest down the cascade.
+    QCOMPARE(frame.mdiArea()->subWindowList(QMdiArea::StackingOrder).last(), a);
+    QVERIFY(a->y() > b->y() && a->y() > c->y());
+    QCOMPARE(a->x() - a->y(), b->x() - b->y());
 }
 
 void MainCommandsTest::viewStatusBarTogglesTheStatusBar()
