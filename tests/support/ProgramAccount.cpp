@@ -14,7 +14,7 @@ QString programPath()
 
 ProgramAccount::ProgramAccount() : m_dir(QDir::homePath() + "/account-XXXXXX")
 {
-    for (const char *sub : {"config", "data", "runtime", "etc-xdg", "cache"})
+    for (const char *sub : {"config", "data", "runtime", "etc-xdg", "cache", "state"})
         QDir().mkpath(m_dir.path() + "/" + sub);
     QFile::setPermissions(m_dir.path() + "/runtime",
                           QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
@@ -27,6 +27,7 @@ QProcessEnvironment ProgramAccount::environment() const
     env.insert("XDG_CONFIG_HOME", path("config"));
     env.insert("XDG_DATA_HOME", path("data"));
     env.insert("XDG_CACHE_HOME", path("cache"));
+    env.insert("XDG_STATE_HOME", path("state"));
     env.insert("XDG_RUNTIME_DIR", path("runtime"));
     env.insert("XDG_CONFIG_DIRS", path("etc-xdg"));
     env.insert("QT_QPA_PLATFORM", "offscreen");

@@ -2,6 +2,7 @@
 // xdotool as a user would, and ends the program the hard ways: SIGKILL, an untrapped
 // run-time error. The next start offers the unsaved text back (with the headless
 // message boxes every kept document is recovered), and a clean exit leaves nothing.
+#include "support/ProgramAccount.h"
 #include "support/TestSupport.h"
 
 #include <QDir>
@@ -9,7 +10,6 @@
 #include <QFile>
 #include <QProcess>
 #include <QStandardPaths>
-#include <QTemporaryDir>
 
 #include <memory>
 
@@ -95,66 +95,40 @@ private:
     QString m_why;
 };
 
-// A user account of its own: home, XDG folders, event log and a source file.
-class Account
+// The program's own account (home, XDG folders, event log) with a source file, on a
+// display of its own when given one.
+class Account : public test::ProgramAccount
 {
 public:
     Account()
     {
-        for (const char *sub : {"config/Tessaro", "data", "runtime", "etc-xdg", "cache", "state"})
-            QDir().mkpath(path(sub));
-        QFile::setPermissions(path("runtime"),
-                              QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+        QDir().mkpath(path("config/Tessaro"));
         QFile source(sourceFile());
         if (source.open(QIODevice::WriteOnly))
             source.write("int kept;\n");
     }
-    QString path(const QString &sub) const { return m_dir.path() + "/" + sub; }
     QString sourceFile() const { return path("notes.c"); }
     QString recoveryFolder() const { return path("state/Tessaro/recovery"); }
 
     QProcessEnvironment environment(const XServer *display) const
     {
-        QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
-        env.insert("HOME", m_dir.path());
-        env.insert("XDG_CONFIG_HOME", path("config"));
-        env.insert("XDG_DATA_HOME", path("data"));
-        env.insert("XDG_CACHE_HOME", path("cache"));
-        env.insert("XDG_STATE_HOME", path("state"));
-        env.insert("XDG_RUNTIME_DIR", path("runtime"));
-        env.insert("XDG_CONFIG_DIRS", path("etc-xdg"));
-        env.insert("TESSARO_HEADLESS_MSGBOX", "1");
-        env.insert("TESSARO_EVENT_LOG", path("events"));
+        QProcessEnvironment env = ProgramAccount::environment();
         env.insert("QT_FONT_DPI", "96");
         if (display) {
             env.insert("QT_QPA_PLATFORM", "xcb");
             env.insert("DISPLAY", display->name());
-        } else {
-            env.insert("QT_QPA_PLATFORM", "offscreen");
         }
         return env;
     }
 
     std::unique_ptr<QProcess> start(const XServer *display) const
     {
-        auto process = std::make_unique<QProcess>();
-        process->setProcessEnvironment(environment(display));
-        process->start(kProgram, {sourceFile()});
-        process->waitForStarted(10000);
-        return process;
+        return ProgramAccount::start({sourceFile()}, kProgram, environment(display));
     }
 
-    bool waitForEvent(const QString &event, int timeoutMs = 30000) const
+    bool waitForEvent(const QString &event) const
     {
-        QElapsedTimer timer;
-        timer.start();
-        while (timer.elapsed() < timeoutMs) {
-            for (const QByteArray &line : test::readFile(path("events")).split('\n'))
-                if (line.mid(line.indexOf(' ') + 1) == event.toUtf8())
-                    return true;
-            QTest::qWait(50);
-        }
-        return false;
+        return ProgramAccount::waitForEvent(event, 1, 30000);
     }
 
     // The next start's events only.
@@ -182,9 +156,6 @@ public:
         }
         return false;
     }
-
-private:
-    QTemporaryDir m_dir{QDir::homePath() + "/account-XXXXXX"};
 };
 
 // Types into the document that the program opened from its command line.
