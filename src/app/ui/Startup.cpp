@@ -95,6 +95,7 @@ int Main(int argc, char **argv)
     installRecoveryDialog();
 
     std::unique_ptr<MainWindow> mainWindow;
+    bool ended = false;
     QPointer<frmSplash> splash;
     splash = new frmSplash([&] {
         logEvent(QStringLiteral("splash timer"));
@@ -111,8 +112,15 @@ int Main(int argc, char **argv)
             if (splash)
                 splash->close();
         };
-        links.ended = [] { QCoreApplication::quit(); };
+        links.ended = [&ended] {
+            ended = true;
+            QCoreApplication::quit();
+        };
         untrapped([&] { mainWindow->Load(links); });
+        // A request to end while Load opened the command line's file has closed the
+        // window already: nothing is shown or offered any more.
+        if (ended)
+            return;
         mainWindow->show();
         // Work an earlier session left unsaved is offered once the window is up.
         QTimer::singleShot(0, recovery, [recovery] { recovery->offerEarlierWork(); });

@@ -82,8 +82,11 @@ void frmSplash::Timer1_Timer()
     if (!m_continue)
         return;
     m_continue = false;
-    if (m_showMain)
-        m_showMain();
+    // Start-up closes this splash, and a request to end during start-up can have it
+    // deleted before the call returns: the call runs from its own copy.
+    const std::function<void()> showMain = std::move(m_showMain);
+    if (showMain)
+        showMain();
 }
 
 } // namespace tessaro

@@ -111,6 +111,23 @@ private Q_SLOTS:
         QVERIFY(account.events().filter("open ").isEmpty());
         QVERIFY(stop(*first));
     }
+    void aRequestToEndWhileTheCommandLinesFileLoadsEndsTheNormalWay()
+    {
+        // A file large enough that its load serves the event loop between pieces:
+        // SIGTERM arrives while start-up is still opening it.
+        Account account;
+        const QString large = account.path("large.c");
+        QFile file(large);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        for (int i = 0; i < 120000; ++i)
+            file.write(QByteArray("int value") + QByteArray::number(i) +
+                       " = 0; /* a comment to colour */\r\n");
+        file.close();
+        auto first = account.start({large});
+        QVERIFY(account.waitForEvent("open " + large));
+        QVERIFY(stop(*first));
+        QVERIFY(account.events().contains("unloaded"));
+    }
     void aKilledCopyLeavesALockThatTheNextStartTakesOver()
     {
         Account account;
