@@ -3,6 +3,7 @@
 #include "platform/core/CommonDialog.h"
 #include "platform/core/ErrorTraps.h"
 #include "platform/core/MsgBox.h"
+#include "shell/core/ManualLocation.h"
 #include "shell/core/MdiArrange.h"
 #include "shell/ui/ActiveDocument.h"
 #include "shell/ui/MainPanes.h"
@@ -201,14 +202,15 @@ void MainCommands::showHelp(bool search)
                mb::OKOnly | mb::Information);
         return;
     }
-    // The desktop's viewer has no separate search page: both commands open the file.
-    Q_UNUSED(search);
+    // Contents shows the manual's first page, Search For Help On... its search page;
+    // the desktop's opener for web pages (xdg-open) shows either.
+    const QString page = search ? manualSearchPage(m_helpFile) : m_helpFile;
     try {
-        if (!QFileInfo::exists(m_helpFile))
+        if (!QFileInfo(page).isFile())
             raise(RuntimeError::FileNotFound);
-        if (!QDesktopServices::openUrl(QUrl::fromLocalFile(m_helpFile)))
+        if (!QDesktopServices::openUrl(QUrl::fromLocalFile(page)))
             throw RuntimeError(RuntimeError::InvalidProcedureCall,
-                               QStringLiteral("No program is set up to show %1.").arg(m_helpFile),
+                               QStringLiteral("No program is set up to show %1.").arg(page),
                                QStringLiteral("Tessaro"));
     } catch (const RuntimeError &error) {
         MsgBox(error.description());
