@@ -1,8 +1,8 @@
 // Runs the real program on a private X display and chooses Help > Contents and Help >
 // Search For Help On... as a user would. A recording xdg-open on PATH stands in for
 // the desktop's opener of web pages: the program in the build tree hands it its
-// manual's index and search pages; a copy of the program without a manual beside it
-// shows the message instead and opens nothing.
+// manual's index and search pages, an installed program the installed manual; a copy
+// of the program without a manual beside it shows the message and opens nothing.
 #include "support/ProgramAccount.h"
 #include "support/TestSupport.h"
 #include "support/XServer.h"
@@ -120,6 +120,27 @@ private Q_SLOTS:
 
         QVERIFY(test::stop(*program));
         QVERIFY(!program->readAllStandardError().contains("Unable to display Help Contents"));
+    }
+
+    void anInstalledProgramOpensTheInstalledManual()
+    {
+        Account account;
+        const QString prefix = account.path("prefix");
+        QProcess install;
+        install.start(QStringLiteral(CMAKE_COMMAND_PATH),
+                      {"--install", QStringLiteral(TESSARO_BUILD_DIR), "--prefix", prefix});
+        QVERIFY(install.waitForFinished(120000));
+        QVERIFY2(install.exitCode() == 0, install.readAllStandardError().constData());
+        const QString index = prefix + "/share/doc/tessaro/manual/index.html";
+        QVERIFY(QFileInfo(index).isFile());
+
+        auto program =
+            account.start({}, prefix + "/bin/tessaro", account.environment(*m_display));
+        QVERIFY(account.waitForEvent("loaded"));
+        QVERIFY(chooseHelp("c"));
+        QVERIFY2(account.waitForOpened(1), program->readAllStandardError().constData());
+        QCOMPARE(account.opened(), QStringList({url(index)}));
+        QVERIFY(test::stop(*program));
     }
 
     void aProgramWithoutAManualKeepsTheMessage()
