@@ -127,7 +127,8 @@ private Q_SLOTS:
             const QString page = queue.takeFirst();
             for (const QString &target : targets(readText(kManual + "/" + page))) {
                 const Link link = resolve(page, target);
-                if (!isExternal(target) && link.page.endsWith(".html") && !reached.contains(link.page)) {
+                if (!isExternal(target) && link.page.endsWith(".html") &&
+                    !reached.contains(link.page)) {
                     reached.insert(link.page);
                     queue << link.page;
                 }
@@ -153,7 +154,8 @@ private Q_SLOTS:
         const QStringList pictures = QDir(kManual + "/images").entryList(QDir::Files);
         QVERIFY(pictures.size() >= 5);
         for (const QString &picture : pictures) {
-            QVERIFY2(shown.contains("images/" + picture), qPrintable(picture + " is shown nowhere"));
+            QVERIFY2(shown.contains("images/" + picture),
+                     qPrintable(picture + " is shown nowhere"));
             QFile file(kManual + "/images/" + picture);
             QVERIFY(file.open(QIODevice::ReadOnly));
             QCOMPARE(file.read(8), QByteArray("\x89PNG\r\n\x1a\n"));
@@ -161,8 +163,7 @@ private Q_SLOTS:
     }
     void theSearchPageLeadsToEveryHeading()
     {
-        static const QRegularExpression heading(
-            QStringLiteral("<h([2-6])[^>]*\\bid=\"([^\"]+)\""));
+        static const QRegularExpression heading(QStringLiteral("<h([2-6])[^>]*\\bid=\"([^\"]+)\""));
         const QStringList searchTargets = targets(readText(kManual + "/search.html"));
         for (const QString &page : pages()) {
             if (page == "search.html")

@@ -27,7 +27,8 @@ MainWindow::MainWindow(QWidget *parent) : frmMain(parent)
     // The application's help file is the manual found beside the program.
     const QString manual = manualBeside(programFolder());
     findChild<MainCommands *>()->setHelpFile(manual);
-    logEvent(manual.isEmpty() ? QStringLiteral("no help file") : QStringLiteral("help file ") + manual);
+    logEvent(manual.isEmpty() ? QStringLiteral("no help file")
+                              : QStringLiteral("help file ") + manual);
 
     setLoadStep(LoadStep::FileAssociations, [] { registerFileAssociations(); });
     setLoadStep(LoadStep::FileBrowserFolder, [this] { FileBrowser::of(*this)->showStartFolder(); });

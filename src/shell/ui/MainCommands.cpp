@@ -35,10 +35,12 @@ MainCommands::MainCommands(frmMain &frame, MainPanes &panes, QWidget &statusBar)
     frame.connectCommand(MenuItem::mnuViewToolbar, this, &MainCommands::mnuViewToolbar_Click);
     frame.connectCommand(MenuItem::mnuViewRefresh, this, &MainCommands::mnuViewRefresh_Click);
     frame.connectCommand(MenuItem::mnuFileSend, this, &MainCommands::mnuFileSend_Click);
-    frame.connectCommand(MenuItem::mnuFilePrintPreview, this, &MainCommands::mnuFilePrintPreview_Click);
+    frame.connectCommand(MenuItem::mnuFilePrintPreview, this,
+                         &MainCommands::mnuFilePrintPreview_Click);
     frame.connectCommand(MenuItem::mnuFileSaveAll, this, &MainCommands::mnuFileSaveAll_Click);
     frame.connectCommand(MenuItem::mnuHelpContents, this, &MainCommands::mnuHelpContents_Click);
-    frame.connectCommand(MenuItem::mnuHelpSearchForHelpOn, this, &MainCommands::mnuHelpSearchForHelpOn_Click);
+    frame.connectCommand(MenuItem::mnuHelpSearchForHelpOn, this,
+                         &MainCommands::mnuHelpSearchForHelpOn_Click);
     frame.connectCommand(MenuItem::mnuFileExit, this, &MainCommands::mnuFileExit_Click);
     frame.connectCommand(MenuItem::mnuHelpAbout, this, &MainCommands::mnuHelpAbout_Click);
 

@@ -134,8 +134,7 @@ private Q_SLOTS:
         const QString index = prefix + "/share/doc/tessaro/manual/index.html";
         QVERIFY(QFileInfo(index).isFile());
 
-        auto program =
-            account.start({}, prefix + "/bin/tessaro", account.environment(*m_display));
+        auto program = account.start({}, prefix + "/bin/tessaro", account.environment(*m_display));
         QVERIFY(account.waitForEvent("loaded"));
         QVERIFY(chooseHelp("c"));
         QVERIFY2(account.waitForOpened(1), program->readAllStandardError().constData());
