@@ -94,7 +94,7 @@ done
 
 # The names of a file that no clash group holds, in any spelling.
 unclashed() {
-    awk 'NR == FNR { for (i = 1; i <= NF; i++) clash[tolower($i)] = 1; next }
+    awk 'FILENAME == ARGV[1] { for (i = 1; i <= NF; i++) clash[tolower($i)] = 1; next }
          !(tolower($0) in clash)' "$names/case-clashes.txt" "$1"
 }
 unclashed "$names/types.txt" >"$work/types"
@@ -119,7 +119,7 @@ rewrite() { # FILE NAMES PREFIX MARKER START
             if (line != "") printf "%s%s*\r\n", prefix, line
             done = 1
         }
-        NR == FNR { name[++n] = $0; next }
+        FILENAME == ARGV[1] { name[++n] = $0; next }
         { sub(/\r$/, "") }
         inblock && index($0, start) == 1 { next }
         { inblock = 0 }
@@ -140,7 +140,7 @@ rewrite "$lists/C_Black.txt" "$work/calls" "" "" "*trap_"
 status=0
 for file in tessaro.stx C_Black.txt; do
     awk -v file="$file" '
-        NR == FNR { for (i = 1; i <= NF; i++) group[tolower($i)] = $0; next }
+        FILENAME == ARGV[1] { for (i = 1; i <= NF; i++) group[tolower($i)] = $0; next }
         {
             n = split($0, word, "*")
             for (i = 2; i < n; i++)

@@ -40,81 +40,90 @@ QStringList gameNames(const QString &fileName)
 // names and names common in programs (in the game's code, for C).
 const QStringList kCWords = {
     // keywords, C89 to C11, and the usual spellings of the boolean macros
-    "auto", "break", "case", "char", "const", "continue", "default", "do", "double", "else",
-    "enum", "extern", "float", "for", "goto", "if", "inline", "int", "long", "register",
-    "restrict", "return", "short", "signed", "sizeof", "static", "struct", "switch", "typedef",
-    "union", "unsigned", "void", "volatile", "while", "_Bool", "_Complex", "_Imaginary",
-    "_Alignas", "_Alignof", "_Atomic", "_Generic", "_Noreturn", "_Static_assert",
-    "_Thread_local", "bool", "true", "false",
+    "auto", "break", "case", "char", "const", "continue", "default", "do", "double", "else", "enum",
+    "extern", "float", "for", "goto", "if", "inline", "int", "long", "register", "restrict",
+    "return", "short", "signed", "sizeof", "static", "struct", "switch", "typedef", "union",
+    "unsigned", "void", "volatile", "while", "_Bool", "_Complex", "_Imaginary", "_Alignas",
+    "_Alignof", "_Atomic", "_Generic", "_Noreturn", "_Static_assert", "_Thread_local", "bool",
+    "true", "false",
     // the standard library
-    "FILE", "NULL", "EOF", "errno", "stdin", "stdout", "stderr", "size_t", "va_list",
-    "printf", "sprintf", "strlen", "strcpy", "malloc", "free", "time", "clock", "abs",
-    "assert", "offsetof", "ptrdiff_t", "wchar_t", "intptr_t", "uintptr_t", "int8_t", "uint8_t",
-    "int16_t", "uint16_t", "int32_t", "uint32_t", "int64_t", "uint64_t", "INT_MAX", "INT_MIN",
-    "UINT_MAX", "CHAR_BIT", "RAND_MAX", "BUFSIZ", "SEEK_SET", "SEEK_CUR", "SEEK_END",
-    "EXIT_SUCCESS", "EXIT_FAILURE", "va_start", "va_arg", "va_end", "jmp_buf", "setjmp",
-    "longjmp", "fopen", "fclose", "fread", "fwrite", "fgets", "fputs", "puts", "exit",
-    "qsort", "bsearch", "memcpy", "memset", "strcmp", "strncpy", "atoi", "atof", "sqrt", "pow",
+    "FILE", "NULL", "EOF", "errno", "stdin", "stdout", "stderr", "size_t", "va_list", "printf",
+    "sprintf", "strlen", "strcpy", "malloc", "free", "time", "clock", "abs", "assert", "offsetof",
+    "ptrdiff_t", "wchar_t", "intptr_t", "uintptr_t", "int8_t", "uint8_t", "int16_t", "uint16_t",
+    "int32_t", "uint32_t", "int64_t", "uint64_t", "INT_MAX", "INT_MIN", "UINT_MAX", "CHAR_BIT",
+    "RAND_MAX", "BUFSIZ", "SEEK_SET", "SEEK_CUR", "SEEK_END", "EXIT_SUCCESS", "EXIT_FAILURE",
+    "va_start", "va_arg", "va_end", "jmp_buf", "setjmp", "longjmp", "fopen", "fclose", "fread",
+    "fwrite", "fgets", "fputs", "puts", "exit", "qsort", "bsearch", "memcpy", "memset", "strcmp",
+    "strncpy", "atoi", "atof", "sqrt", "pow",
     // names common in programs and in the game's code
-    "file", "eof", "null", "nil", "none", "max", "min", "pitch", "yaw", "roll", "frametime",
-    "time", "health", "armor", "score", "team", "item", "items", "weapon", "weapons", "mask",
-    "origin", "angles", "velocity", "ent", "client", "clients", "level", "game", "value",
-    "count", "index", "name", "len", "buf", "buffer", "data", "result", "flags", "type",
-    "main", "argc", "argv", "arg", "args", "cmd", "str", "ptr", "msg", "text", "line", "size",
-    "length", "width", "height", "color", "pos", "dir", "path", "key", "state", "mode", "start",
-    "end", "next", "prev", "node", "list", "entity", "entities", "player", "model", "sound",
-    "shader", "trace", "tr", "cvar", "cvars", "print", "error", "info", "event", "contents",
-    "mins", "maxs", "self", "other", "attacker", "inflictor", "targ", "activator", "cg", "cgs",
-    "cent", "le", "ps", "es", "pm", "pml", "snap", "refdef", "ucmd", "usercmd", "gametype",
-    "frameTime", "realTime", "frameCount", "contentmask", "powerups", "Pmove", "pmove"};
+    "file", "eof", "null", "nil", "none", "max", "min", "pitch", "yaw", "roll", "frametime", "time",
+    "health", "armor", "score", "team", "item", "items", "weapon", "weapons", "mask", "origin",
+    "angles", "velocity", "ent", "client", "clients", "level", "game", "value", "count", "index",
+    "name", "len", "buf", "buffer", "data", "result", "flags", "type", "main", "argc", "argv",
+    "arg", "args", "cmd", "str", "ptr", "msg", "text", "line", "size", "length", "width", "height",
+    "color", "pos", "dir", "path", "key", "state", "mode", "start", "end", "next", "prev", "node",
+    "list", "entity", "entities", "player", "model", "sound", "shader", "trace", "tr", "cvar",
+    "cvars", "print", "error", "info", "event", "contents", "mins", "maxs", "self", "other",
+    "attacker", "inflictor", "targ", "activator", "cg", "cgs", "cent", "le", "ps", "es", "pm",
+    "pml", "snap", "refdef", "ucmd", "usercmd", "gametype", "frameTime", "realTime", "frameCount",
+    "contentmask", "powerups", "Pmove", "pmove"};
 
 // The game's own names that differ only in letter case from another of its names
 // (data/game-api/case-clashes.txt): a list holding one of them would rewrite the
 // others wherever the game's code uses them.
 const QStringList kGameClashNames = {
-    "CVAR_INIT", "Cvar_Init", "FILE", "File", "file", "itemInfo_t", "iteminfo_t",
-    "trap_GetConfigString", "trap_GetConfigstring", "trap_GetUserCmd", "trap_GetUsercmd",
-    "weaponInfo_t", "weaponinfo_t"};
+    // the game's macros and functions, types, engine calls and the standard library
+    "CVAR_INIT",
+    "Cvar_Init",
+    "itemInfo_t",
+    "iteminfo_t",
+    "weaponInfo_t",
+    "weaponinfo_t",
+    "trap_GetConfigString",
+    "trap_GetConfigstring",
+    "trap_GetUserCmd",
+    "trap_GetUsercmd",
+    "FILE",
+    "File",
+    "file"};
 
 const QStringList kJavaWords = {
     // keywords and literals
-    "abstract", "assert", "boolean", "break", "byte", "case", "catch", "char", "class",
-    "const", "continue", "default", "do", "double", "else", "enum", "extends", "final",
-    "finally", "float", "for", "goto", "if", "implements", "import", "instanceof", "int",
-    "interface", "long", "native", "new", "package", "private", "protected", "public",
-    "return", "short", "static", "strictfp", "super", "switch", "synchronized", "this",
-    "throw", "throws", "transient", "try", "void", "volatile", "while", "true", "false",
-    "null", "var", "record",
+    "abstract", "assert", "boolean", "break", "byte", "case", "catch", "char", "class", "const",
+    "continue", "default", "do", "double", "else", "enum", "extends", "final", "finally", "float",
+    "for", "goto", "if", "implements", "import", "instanceof", "int", "interface", "long", "native",
+    "new", "package", "private", "protected", "public", "return", "short", "static", "strictfp",
+    "super", "switch", "synchronized", "this", "throw", "throws", "transient", "try", "void",
+    "volatile", "while", "true", "false", "null", "var", "record",
     // the standard library's classes
-    "Boolean", "Byte", "Short", "Integer", "Long", "Float", "Double", "Character", "Void",
-    "Class", "Object", "String", "System", "Math", "Thread", "Error", "Exception", "List",
-    "Map", "Set", "File", "Main",
+    "Boolean", "Byte", "Short", "Integer", "Long", "Float", "Double", "Character", "Void", "Class",
+    "Object", "String", "System", "Math", "Thread", "Error", "Exception", "List", "Map", "Set",
+    "File", "Main",
     // names common in programs
-    "file", "list", "map", "set", "object", "error", "exception", "thread", "string",
-    "system", "math", "main", "integer", "character", "vector", "iterator", "reader",
-    "writer", "arrays", "collections", "throwable", "value", "name", "length", "data"};
+    "file", "list", "map", "set", "object", "error", "exception", "thread", "string", "system",
+    "math", "main", "integer", "character", "vector", "iterator", "reader", "writer", "arrays",
+    "collections", "throwable", "value", "name", "length", "data"};
 
 const QStringList kJavaScriptWords = {
     // keywords and literals
-    "break", "case", "catch", "class", "const", "continue", "debugger", "default", "delete",
-    "do", "else", "export", "extends", "false", "finally", "for", "function", "if", "import",
-    "in", "instanceof", "let", "new", "null", "return", "super", "switch", "this", "throw",
-    "true", "try", "typeof", "undefined", "var", "void", "while", "with", "yield", "async",
-    "await",
+    "break", "case", "catch", "class", "const", "continue", "debugger", "default", "delete", "do",
+    "else", "export", "extends", "false", "finally", "for", "function", "if", "import", "in",
+    "instanceof", "let", "new", "null", "return", "super", "switch", "this", "throw", "true", "try",
+    "typeof", "undefined", "var", "void", "while", "with", "yield", "async", "await",
     // the standard library and the browser
-    "Array", "Boolean", "Date", "Error", "Function", "JSON", "Math", "Number", "Object",
-    "RegExp", "String", "Symbol", "Promise", "Map", "Set", "Document", "Window",
-    "Location", "History", "Navigator", "Prototype",
+    "Array", "Boolean", "Date", "Error", "Function", "JSON", "Math", "Number", "Object", "RegExp",
+    "String", "Symbol", "Promise", "Map", "Set", "Document", "Window", "Location", "History",
+    "Navigator", "Prototype",
     // names common in programs
-    "array", "date", "error", "json", "math", "number", "object", "string", "regexp",
-    "boolean", "map", "set", "value", "name", "data", "result", "list"};
+    "array", "date", "error", "json", "math", "number", "object", "string", "regexp", "boolean",
+    "map", "set", "value", "name", "data", "result", "list"};
 
 const QStringList kPerlWords = {
     // keywords and built-ins
     "my", "our", "local", "sub", "if", "elsif", "else", "unless", "while", "until", "for",
-    "foreach", "do", "last", "next", "redo", "return", "use", "no", "require", "package",
-    "and", "or", "not", "print", "open", "close", "BEGIN", "END", "STDIN", "STDOUT",
-    "STDERR", "ARGV", "ENV",
+    "foreach", "do", "last", "next", "redo", "return", "use", "no", "require", "package", "and",
+    "or", "not", "print", "open", "close", "BEGIN", "END", "STDIN", "STDOUT", "STDERR", "ARGV",
+    "ENV",
     // names common in programs (sub names, barewords)
     "begin", "end", "new", "init", "run", "main", "value", "name", "data", "file"};
 
@@ -127,7 +136,8 @@ QStringList renames(const QStringList &files, const QStringList &names)
         for (const QString &entry : listWords(file))
             for (const QString &name : names)
                 if (name != entry && name.compare(entry, Qt::CaseInsensitive) == 0)
-                    found << QStringLiteral("%1: \"%2\" would become \"%3\"").arg(file, name, entry);
+                    found
+                        << QStringLiteral("%1: \"%2\" would become \"%3\"").arg(file, name, entry);
     return found;
 }
 
