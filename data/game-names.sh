@@ -45,7 +45,7 @@ headers="q_shared.h surfaceflags.h bg_public.h g_public.h cg_public.h ui_public.
          keycodes.h g_local.h cg_local.h ui_local.h"
 
 work=$(mktemp -d)
-trap 'rm -rf "$work"' EXIT
+trap 'rm -rf "$work"; [ -z "$lists" ] || rm -f "$lists/tessaro.stx.new" "$lists/C_Black.txt.new"' EXIT
 
 if [ $# -gt 0 ]; then
     if ! command -v ctags >/dev/null 2>&1; then
@@ -100,12 +100,12 @@ unclashed() {
 unclashed "$names/types.txt" >"$work/types"
 unclashed "$names/syscalls.txt" >"$work/calls"
 
-# Rewrites a list file (CR LF lines): keeps the lines before the game's block, writes
-# the names as asterisk-delimited lines of at most about 100 characters, each led by
-# PREFIX, and keeps what follows the block. The block starts after the line starting
-# with MARKER (or, with no MARKER, at the first line starting with START) and runs
-# while lines start with START.
-rewrite() { # FILE NAMES PREFIX MARKER START
+# Prints a list file (as CR LF lines) with new names in the game's block: keeps the
+# lines before the block, writes the names as asterisk-delimited lines of at most about
+# 100 characters, each led by PREFIX, and keeps what follows the block. The block starts
+# after the line starting with MARKER (or, with no MARKER, at the first line starting
+# with START, or at the end) and runs while lines start with START.
+rewritten() { # FILE NAMES PREFIX MARKER START
     awk -v prefix="$3" -v marker="$4" -v start="$5" '
         function emit(   line, i) {
             line = ""
@@ -130,11 +130,15 @@ rewrite() { # FILE NAMES PREFIX MARKER START
             if (!done && marker != "") { print "no line starts with \"" marker "\"" >"/dev/stderr"; exit 1 }
             if (!done) emit()
         }
-    ' "$2" "$1" >"$work/rewritten"
-    cp "$work/rewritten" "$1"
+    ' "$2" "$1"
 }
-rewrite "$lists/tessaro.stx" "$work/types" "; " "; The game's type names" "; *"
-rewrite "$lists/C_Black.txt" "$work/calls" "" "" "*trap_"
+rewritten "$lists/tessaro.stx" "$work/types" "; " "; The game's type names" "; *" >"$work/stx"
+rewritten "$lists/C_Black.txt" "$work/calls" "" "" "*trap_" >"$work/black"
+# Both lists change, or (a full disk, a folder that cannot be written) neither does.
+cp "$work/stx" "$lists/tessaro.stx.new"
+cp "$work/black" "$lists/C_Black.txt.new"
+mv "$lists/tessaro.stx.new" "$lists/tessaro.stx"
+mv "$lists/C_Black.txt.new" "$lists/C_Black.txt"
 
 # List words written by hand that a clash group holds in another spelling.
 status=0

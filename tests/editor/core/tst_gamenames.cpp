@@ -1,6 +1,7 @@
 #include "support/RealModWorkspace.h"
 #include "support/TestSupport.h"
 
+#include <QDir>
 #include <QFileInfo>
 #include <QProcess>
 #include <QTemporaryDir>
@@ -39,78 +40,20 @@ QByteArray lines(const QStringList &names)
 
 // The type names of the mod's headers, which hold some of the game's public headers
 // and the modules' own.
-const QStringList kRealModTypes = {"animation_t",
-                                   "byte",
-                                   "centity_t",
-                                   "cg_t",
-                                   "clientConnected_t",
-                                   "clientInfo_t",
-                                   "clientPersistant_t",
-                                   "clientSession_t",
-                                   "clipHandle_t",
-                                   "connstate_t",
-                                   "cplane_t",
-                                   "entityShared_t",
-                                   "entityState_t",
-                                   "fileHandle_t",
-                                   "footstep_t",
-                                   "gameExport_t",
-                                   "gameImport_t",
-                                   "gametype_t",
-                                   "gclient_t",
-                                   "gender_t",
-                                   "gentity_t",
-                                   "gitem_t",
-                                   "impactSound_t",
-                                   "itemInfo_t",
-                                   "itemType_t",
-                                   "leFlag_t",
-                                   "leType_t",
-                                   "lerpFrame_t",
-                                   "level_locals_t",
-                                   "localEntity_t",
-                                   "markFragment_t",
-                                   "markPoly_t",
-                                   "menuaction_s",
-                                   "menubitmap_s",
-                                   "menucommon_s",
-                                   "menufield_s",
-                                   "menuframework_s",
-                                   "menulist_s",
-                                   "menuradiobutton_s",
-                                   "menuslider_s",
-                                   "menutext_s",
-                                   "mfield_t",
-                                   "moverState_t",
-                                   "orientation_t",
-                                   "playerEntity_t",
-                                   "playerState_t",
-                                   "playerTeamStateState_t",
-                                   "playerTeamState_t",
-                                   "pmove_t",
-                                   "pmtype_t",
-                                   "powerupInfo_t",
-                                   "qboolean",
-                                   "qhandle_t",
-                                   "qtime_t",
-                                   "score_t",
-                                   "sfxHandle_t",
-                                   "sharedEntity_t",
-                                   "spectatorState_t",
-                                   "statIndex_t",
-                                   "team_t",
-                                   "trType_t",
-                                   "trace_t",
-                                   "trajectory_t",
-                                   "uiStatic_t",
-                                   "usercmd_t",
-                                   "vec2_t",
-                                   "vec3_t",
-                                   "vec4_t",
-                                   "vec_t",
-                                   "vmCvar_t",
-                                   "voidfunc_f",
-                                   "weaponInfo_t"};
+const QStringList kRealModTypes =
+    QString("animation_t byte centity_t cg_t clientConnected_t clientInfo_t "
+            "clientPersistant_t clientSession_t clipHandle_t connstate_t cplane_t "
+            "entityShared_t entityState_t fileHandle_t footstep_t gameExport_t gameImport_t "
+            "gametype_t gclient_t gender_t gentity_t gitem_t impactSound_t itemInfo_t "
+            "itemType_t leFlag_t leType_t lerpFrame_t level_locals_t localEntity_t "
+            "markFragment_t markPoly_t menuaction_s menubitmap_s menucommon_s menufield_s "
+            "menuframework_s menulist_s menuradiobutton_s menuslider_s menutext_s mfield_t "
+            "moverState_t orientation_t playerEntity_t playerState_t playerTeamStateState_t "
+            "playerTeamState_t pmove_t pmtype_t powerupInfo_t qboolean qhandle_t qtime_t "
+            "score_t sfxHandle_t sharedEntity_t spectatorState_t statIndex_t team_t trType_t "
+            "trace_t trajectory_t uiStatic_t usercmd_t vec2_t vec3_t vec4_t vec_t vmCvar_t "
+            "voidfunc_f weaponInfo_t")
+        .split(u' ');
 
 const QStringList kRealModCalls = {
     "trap_Argc",     "trap_Argv",        "trap_Cvar_Register",
@@ -345,6 +288,7 @@ private Q_SLOTS:
         QCOMPARE(test::readFile(lists + "/tessaro.stx"),
                  QByteArray("; *int*\r\n[Keywords]\r\nint\r\n"));
         QCOMPARE(test::readFile(lists + "/C_Black.txt"), QByteArray("*qtrue*\r\n"));
+        QCOMPARE(QDir(lists).entryList(QDir::Files), QStringList({"C_Black.txt", "tessaro.stx"}));
     }
 };
 

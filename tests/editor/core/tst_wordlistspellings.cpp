@@ -71,21 +71,11 @@ const QStringList kCWords = {
 // The game's own names that differ only in letter case from another of its names
 // (data/game-api/case-clashes.txt): a list holding one of them would rewrite the
 // others wherever the game's code uses them.
-const QStringList kGameClashNames = {
-    // the game's macros and functions, types, engine calls and the standard library
-    "CVAR_INIT",
-    "Cvar_Init",
-    "itemInfo_t",
-    "iteminfo_t",
-    "weaponInfo_t",
-    "weaponinfo_t",
-    "trap_GetConfigString",
-    "trap_GetConfigstring",
-    "trap_GetUserCmd",
-    "trap_GetUsercmd",
-    "FILE",
-    "File",
-    "file"};
+const QStringList kGameClashNames =
+    QString("CVAR_INIT Cvar_Init itemInfo_t iteminfo_t weaponInfo_t weaponinfo_t "
+            "trap_GetConfigString trap_GetConfigstring trap_GetUserCmd trap_GetUsercmd "
+            "FILE File file")
+        .split(u' ');
 
 const QStringList kJavaWords = {
     // keywords and literals
