@@ -1,11 +1,13 @@
 #!/bin/sh
 # Installs the Debian 12 packages Tessaro needs to build, run and test, when missing.
 set -e
-# librsvg2-bin renders the icon at build time; dpkg-dev (dpkg-shlibdeps), desktop-file-utils,
+# librsvg2-bin renders the icon at build time; universal-ctags runs in the test of
+# data/game-names.sh; dpkg-dev (dpkg-shlibdeps), desktop-file-utils,
 # appstream and man-db are used by the install and package test; xdotool types into the
 # real program in the recovery process test. python3-markdown turns the manual's pages into
 # HTML at build time (a small library, where pandoc would bring a large toolchain).
 packages="cmake ninja-build g++ qt6-base-dev qt6-base-dev-tools libgl-dev xvfb xauth xdotool fonts-dejavu-core
+          universal-ctags
           librsvg2-bin dpkg-dev desktop-file-utils appstream man-db python3-markdown"
 missing=""
 for p in $packages; do
