@@ -146,15 +146,12 @@ private Q_SLOTS:
     {
         Account account;
         // The program and its data files in a folder of their own, without the manual.
-        const QString other = account.path("elsewhere/bin");
-        QDir().mkpath(other);
-        const QDir bin(QStringLiteral(TESSARO_BIN_DIR));
-        for (const QFileInfo &info : bin.entryInfoList(QDir::Files))
-            if (!info.isExecutable() || info.fileName() == "tessaro")
-                QVERIFY(QFile::copy(info.filePath(), other + "/" + info.fileName()));
-        QVERIFY(!QFileInfo::exists(other + "/manual"));
+        const QString copy = account.copyProgram("elsewhere/bin");
+        QVERIFY(QFileInfo(copy).isExecutable());
+        QVERIFY(QFileInfo::exists(account.path("elsewhere/bin/tessaro.stx")));
+        QVERIFY(!QFileInfo::exists(account.path("elsewhere/bin/manual")));
 
-        auto program = account.start({}, other + "/tessaro", account.environment(*m_display));
+        auto program = account.start({}, copy, account.environment(*m_display));
         QVERIFY(account.waitForEvent("loaded"));
         QVERIFY(account.events().contains("no help file"));
 
