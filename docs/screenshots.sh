@@ -1,18 +1,28 @@
 #!/bin/sh
-# Starts the real Tessaro on a virtual X display with a window manager, opens the sample
-# mod's workspace and g_main.c, and writes the README's pictures into docs/images/:
-#   main.png        the main window with the workspace and a coloured document
-#   structview.png  the StructView page of the left pane
-#   properties.png  the build properties window (File > Properties)
-#   findinfiles.png a Find in Files result in the output pane
-# Tessaro runs with a private home, so the user's own settings are never touched.
-# Needs Xvfb, openbox, xdotool and ImageMagick (Debian: xvfb openbox xdotool imagemagick);
-# builds first when build/bin/tessaro is missing (BUILD_DIR as for scripts/build.sh).
+# Takes every picture of the README and of the manual in one run: starts the real
+# Tessaro on a virtual X display with a window manager, as a modder whose sample mod
+# lies in ~/mods/samplemod, and writes into docs/images/ (or OUTPUT-FOLDER):
+#   main.png          the main window with the workspace and a coloured document
+#   structview.png    the StructView page of the left pane
+#   filebrowser.png   the File Browser page in the mod's game folder
+#   properties.png    the build properties window (File > Properties)
+#   options.png       the tool paths (Tools > Options)
+#   wizard.png        the publishing wizard's first step
+#   findinfiles.png   a Find in Files result in the output window
+#   recover.png       the recovery dialog after a killed session
+#   runtime-error.png the message of a build that finds no terminal
+# Tessaro runs with a private home, so the user's own settings are never touched. Where
+# the system allows a private mount namespace (unshare), that home is /home/modder, so
+# the pictures show the paths a modder would see; elsewhere it is a temporary folder.
+# Needs Xvfb, openbox, xdotool and ImageMagick (Debian: xvfb openbox xdotool x11-utils
+# imagemagick); builds first when build/bin/tessaro is missing (BUILD_DIR as for
+# scripts/build.sh). Rebuild afterwards so the manual beside the programs takes the
+# new pictures.
 # Usage: docs/screenshots.sh [OUTPUT-FOLDER]
 set -e
 root=$(cd "$(dirname "$0")/.." && pwd)
 build=${BUILD_DIR:-$root/build}
-out=${1:-$root/docs/images}
+out=$(mkdir -p "${1:-$root/docs/images}" && cd "${1:-$root/docs/images}" && pwd)
 
 for tool in Xvfb openbox xdotool xprop import convert; do
     if ! command -v "$tool" >/dev/null 2>&1; then
@@ -21,8 +31,15 @@ for tool in Xvfb openbox xdotool xprop import convert; do
     fi
 done
 [ -x "$build/bin/tessaro" ] || "$root/scripts/build.sh"
-workspace=$("$root/examples/write-workspace.sh")
-mkdir -p "$out"
+
+# Once: run again in a mount namespace of its own, where /home/modder can be made
+# without touching the real /home (a user namespace maps a normal user to root there).
+if [ -z "$TESSARO_SHOTS_NAMESPACE" ]; then
+    if [ "$(id -u)" -eq 0 ]; then unshare="unshare --mount"; else unshare="unshare --user --map-root-user --mount"; fi
+    if $unshare true 2>/dev/null; then
+        TESSARO_SHOTS_NAMESPACE=1 exec $unshare "$0" "$out"
+    fi
+fi
 
 tmp=$(mktemp -d)
 pids=""
@@ -33,16 +50,30 @@ cleanup() {
 }
 trap cleanup EXIT INT TERM
 
-# A private account: settings, registry, desktop association and runtime folder.
-for sub in config data cache state runtime etc-xdg; do mkdir -p "$tmp/$sub"; done
+# The modder's home: /home/modder on an empty /home of this namespace's own, when
+# nothing the script needs lies below the real /home; else a folder of the temporary one.
+# Nothing of the real /home is ever reachable below $tmp, which goes at the end.
+home="$tmp/home/modder"
+if [ -n "$TESSARO_SHOTS_NAMESPACE" ]; then
+    case "$root/:$build/:$out/:$tmp/" in
+    /home/* | */:/home/*) ;;
+    *) mount -t tmpfs -o mode=755 tmpfs /home 2>/dev/null && home=/home/modder ;;
+    esac
+fi
+mkdir -p "$home/mods" "$tmp/runtime"
 chmod 700 "$tmp/runtime"
-export HOME="$tmp" XDG_CONFIG_HOME="$tmp/config" XDG_DATA_HOME="$tmp/data" \
-    XDG_CACHE_HOME="$tmp/cache" XDG_STATE_HOME="$tmp/state" XDG_RUNTIME_DIR="$tmp/runtime" \
-    XDG_CONFIG_DIRS="$tmp/etc-xdg" TESSARO_EVENT_LOG="$tmp/events"
-unset QT_QPA_PLATFORM WAYLAND_DISPLAY TESSARO_HEADLESS_MSGBOX
+cp -r "$root/examples/samplemod" "$home/mods/samplemod"
+rm -f "$home/mods/samplemod/samplemod.tdi"
+mod="$home/mods/samplemod"
+workspace=$("$root/examples/write-workspace.sh" "$mod")
 
-# The window at 10,10 pixels, 1100 x 780 (in twips, 15 to a pixel at 96 DPI), and the
-# game's tools where the README suggests them.
+export HOME="$home" XDG_CONFIG_HOME="$home/.config" XDG_DATA_HOME="$home/.local/share" \
+    XDG_CACHE_HOME="$home/.cache" XDG_STATE_HOME="$home/.local/state" \
+    XDG_RUNTIME_DIR="$tmp/runtime" XDG_CONFIG_DIRS="$tmp/etc-xdg" TESSARO_EVENT_LOG="$tmp/events"
+unset QT_QPA_PLATFORM WAYLAND_DISPLAY TESSARO_HEADLESS_MSGBOX TESSARO_TERMINAL
+
+# The window at 10,10 pixels, 1100 x 780 (in twips, 15 to a pixel at 96 DPI), the game's
+# tools where the manual suggests them, and the wizard's web browser.
 mkdir -p "$XDG_CONFIG_HOME/Tessaro"
 cat >"$XDG_CONFIG_HOME/Tessaro/Tessaro.ini" <<'EOF'
 [Settings]
@@ -50,6 +81,9 @@ MainLeft=150
 MainTop=150
 MainWidth=16500
 MainHeight=11700
+webPath=firefox
+ftpPath=filezilla
+emaPath=thunderbird
 comPath=/opt/quake3/tools/q3lcc
 asmPath=/opt/quake3/tools/q3asm
 EOF
@@ -85,62 +119,144 @@ shoot() {
     echo "$out/$2"
 }
 
-cd "$root/examples/samplemod"
-"$build/bin/tessaro" "$root/examples/samplemod/game/g_main.c" >"$tmp/tessaro.log" 2>&1 &
-pids="$! $pids"
-wait_for logged loaded
-wait_for logged painted
-main=$(xdotool search --onlyvisible --name '^Tessaro v' | head -n 1)
-xdotool windowactivate --sync "$main"
+# Starts Tessaro from the mod's folder (with the file given) and waits for its window.
+start_tessaro() {
+    rm -f "$TESSARO_EVENT_LOG"
+    (cd "$mod" && exec "$build/bin/tessaro" "$@") >>"$tmp/tessaro.log" 2>&1 &
+    tessaro=$!
+    pids="$tessaro $pids"
+    wait_for logged loaded
+    main=$(xdotool search --sync --onlyvisible --name '^Tessaro v' | head -n 1)
+    xdotool windowactivate --sync "$main"
+    eval "$(xdotool getwindowgeometry --shell "$main")"
+}
 
-# File > Open Workspace..., the sample mod's workspace typed into the file dialog.
-xdotool key --clearmodifiers alt+f
-sleep 0.3
-xdotool key Down Down Down Down Return
-wait_for xdotool search --onlyvisible --name '^Open Workspace$'
-sleep 0.5
-xdotool type --delay 5 "$workspace"
-xdotool key Return
-sleep 2
-# The FileView tree: a click below its entries gives it the focus; the game group opens.
-eval "$(xdotool getwindowgeometry --shell "$main")"
-xdotool mousemove --window "$main" 40 $((HEIGHT * 2 / 3)) click 1
+# Alt+letter opens a menu; the keys that follow choose in it.
+menu() {
+    xdotool windowactivate --sync "$main"
+    xdotool key --clearmodifiers "alt+$1"
+    sleep 0.3
+    shift
+    xdotool key "$@"
+}
+
+# File > Open Workspace..., the workspace's path typed into the file dialog.
+open_workspace() {
+    menu f Down Down Down Down Return
+    wait_for xdotool search --onlyvisible --name '^Open Workspace$'
+    sleep 0.5
+    xdotool type --delay 5 "$workspace"
+    xdotool key Return
+    sleep 2
+}
+
+# A click into the left pane's page gives the pane the focus.
+click_pane() { xdotool mousemove --window "$main" 40 $((HEIGHT * 2 / 3)) click 1; }
+
+start_tessaro "$mod/game/g_main.c"
+open_workspace
+# The FileView tree: the game group opens. Window > Tile Horizontal: the document fills
+# the document area.
+click_pane
 xdotool key Home Right
-# Window > Tile Horizontal: the document fills the document area.
-xdotool key --clearmodifiers alt+w
-sleep 0.3
-xdotool key h
+menu w h
 shoot "$main" main.png
 
 # The StructView page (Ctrl+Tab from the pane), the headers' structures opened.
 xdotool key ctrl+Tab
 sleep 0.5
-xdotool mousemove --window "$main" 40 $((HEIGHT * 2 / 3)) click 1
+click_pane
 xdotool key Home End Up asterisk
 shoot "$main" structview.png
 
+# The File Browser page, moved to the mod's game folder by double-clicks on the folder
+# list: its rows are the path's folders from "/" down, then the current folder's
+# folders, 18 pixels each, the first one's middle 126 pixels below the window's top
+# (a single click there selects without opening).
+# A click that missed would open a file; the event log tells, and the picture is then
+# not taken.
+xdotool key ctrl+Tab
+sleep 0.5
+# Home first: the list scrolls to its top, where the rows are counted from.
+row() {
+    xdotool mousemove --window "$main" 60 126 click 1 key Home
+    sleep 0.3
+    xdotool mousemove --window "$main" 60 $((126 + 18 * $1)) click --repeat 2 --delay 80 1
+    sleep 0.5
+}
+opened=$(grep -c " opening " "$TESSARO_EVENT_LOG" || true)
+if [ "$home" = /home/modder ]; then
+    row "$(for folder in /*/; do basename "$folder"; done | sort -f | grep -n -x home | cut -d: -f1)"
+    # This /home is a file system of its own, so its folder list starts at /home.
+    row 1 # modder, alone in this /home
+    row 2 # mods
+    row 3 # samplemod
+    row 5 # game (after cgame)
+fi
+if [ "$(grep -c " opening " "$TESSARO_EVENT_LOG" || true)" != "$opened" ]; then
+    echo "screenshots.sh: the File Browser's folder list is not where it was; no filebrowser.png" >&2
+    exit 1
+fi
+shoot "$main" filebrowser.png
+
 # File > Properties.
-xdotool windowactivate --sync "$main"
-xdotool key --clearmodifiers alt+f
-sleep 0.3
-xdotool key i
+menu f i
 properties=$(xdotool search --sync --onlyvisible --name '^Properties$' | head -n 1)
 shoot "$properties" properties.png
 xdotool key Escape
 
+# Tools > Options.
+menu t o
+options=$(xdotool search --sync --onlyvisible --name '^Options$' | head -n 1)
+shoot "$options" options.png
+xdotool key Escape
+
+# Build > Publish Mod..., then Next > to the first step (the web browser's page).
+menu b p
+wizard=$(xdotool search --sync --onlyvisible --name '^Mod Publishing Wizard$' | head -n 1)
+xdotool windowactivate --sync "$wizard"
+sleep 0.5
+xdotool key Return
+sleep 1
+wizard=$(xdotool search --sync --onlyvisible --name '^Mod Publishing Wizard$' | head -n 1)
+shoot "$wizard" wizard.png
+xdotool windowclose "$wizard"
+
 # Edit > Find in Files... for "trap_": the window opens with the focus on its Find in Files
 # button; two Tabs lead to the text box, one more back to the button.
-xdotool windowactivate --sync "$main"
-xdotool key --clearmodifiers alt+e
-sleep 0.3
-xdotool key Down Down Down Down Down Return
+menu e Down Down Down Down Down Return
 sleep 1
 xdotool key Tab Tab
 xdotool type --delay 5 "trap_"
 xdotool key Tab space
 sleep 2
 # The document and the search's output window one above the other.
-xdotool key --clearmodifiers alt+w
-sleep 0.3
-xdotool key h
+menu w h
 shoot "$main" findinfiles.png
+
+# Unsaved typing, then the program killed: the next start offers it back.
+xdotool key --clearmodifiers ctrl+n
+sleep 1
+xdotool type --delay 20 "float G_Damage(int amount); /* to do */"
+sleep 3
+kill -9 "$tessaro"
+wait "$tessaro" 2>/dev/null || true
+start_tessaro
+recover=$(xdotool search --sync --onlyvisible --name 'Recover Unsaved Work$' | head -n 1)
+shoot "$recover" recover.png
+xdotool windowactivate --sync "$recover"
+xdotool key alt+d
+sleep 1
+
+# A build whose terminal cannot be started ends the program with its message.
+kill "$tessaro"
+wait "$tessaro" 2>/dev/null || true
+export TESSARO_TERMINAL="$tmp/no-such-terminal -e"
+start_tessaro
+open_workspace
+menu b Return g
+box=$(xdotool search --sync --onlyvisible --name '^Tessaro$' | head -n 1)
+shoot "$box" runtime-error.png
+xdotool windowactivate --sync "$box"
+xdotool key Return
+wait "$tessaro" 2>/dev/null || true

@@ -1,9 +1,12 @@
 #!/bin/sh
-# Writes the sample mod's workspace, examples/samplemod/samplemod.tdi, for the
-# folder this checkout lives in (workspace files hold absolute paths), and prints
-# the workspace's path. Lines end in CR LF and the file ends with an empty line.
+# Writes the sample mod's workspace, samplemod.tdi, for the folder the mod lives in
+# (workspace files hold absolute paths), and prints the workspace's path. Lines end
+# in CR LF and the file ends with an empty line.
+# Usage: write-workspace.sh [MOD-FOLDER]
+#   MOD-FOLDER is a copy of the sample mod (cp -r examples/samplemod ~/mods/); without
+#   it, the workspace is written for examples/samplemod of this checkout.
 set -e
-mod=$(cd "$(dirname "$0")/samplemod" && pwd)
+mod=$(cd "${1:-$(dirname "$0")/samplemod}" && pwd)
 out="$mod/samplemod.tdi"
 tmp="$out.tmp.$$"
 trap 'rm -f "$tmp"' EXIT

@@ -4,10 +4,11 @@ set -e
 # librsvg2-bin renders the icon at build time; universal-ctags runs in the test of
 # data/game-names.sh; dpkg-dev (dpkg-shlibdeps), desktop-file-utils,
 # appstream and man-db are used by the install and package test; xdotool types into the
-# real program in the recovery process test.
+# real program in the recovery process test. python3-markdown turns the manual's pages into
+# HTML at build time (a small library, where pandoc would bring a large toolchain).
 packages="cmake ninja-build g++ qt6-base-dev qt6-base-dev-tools libgl-dev xvfb xauth xdotool fonts-dejavu-core
           universal-ctags
-          librsvg2-bin dpkg-dev desktop-file-utils appstream man-db"
+          librsvg2-bin dpkg-dev desktop-file-utils appstream man-db python3-markdown"
 missing=""
 for p in $packages; do
     dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing="$missing $p"

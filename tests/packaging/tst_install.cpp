@@ -5,6 +5,7 @@
 #include "support/TestSupport.h"
 
 #include <QDir>
+#include <QDirIterator>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
@@ -76,6 +77,19 @@ QStringList dataFiles()
     return names;
 }
 
+// The manual's pages, pictures and style sheet, as the build writes them beside the
+// programs, where they are installed from.
+QStringList manualFiles()
+{
+    const QString manual = QStringLiteral(TESSARO_BIN_DIR "/manual");
+    QStringList files;
+    QDirIterator it(manual, QDir::Files, QDirIterator::Subdirectories);
+    while (it.hasNext())
+        files << "share/doc/tessaro/manual/" + QDir(manual).relativeFilePath(it.next());
+    files.sort();
+    return files;
+}
+
 // Every file an installation puts below its prefix.
 QStringList installedFiles()
 {
@@ -95,6 +109,7 @@ QStringList installedFiles()
         files << "lib/tessaro/" + name;
     for (int size : kIconSizes)
         files << QStringLiteral("share/icons/hicolor/%1x%1/apps/tessaro.png").arg(size);
+    files << manualFiles();
     return files;
 }
 
@@ -113,6 +128,17 @@ QStringList layoutProblems(const QString &prefix)
         if (!QFileInfo(prefix + "/lib/tessaro/" + program).isExecutable())
             problems << "lib/tessaro/" + program + " is not executable";
     }
+    const QStringList manual = manualFiles();
+    if (!manual.contains("share/doc/tessaro/manual/index.html") ||
+        !manual.contains("share/doc/tessaro/manual/search.html") ||
+        manual.filter("/images/").isEmpty())
+        problems << "the build wrote no manual with pages and pictures to install";
+    for (const QString &file : manual)
+        if (QFileInfo(prefix + "/" + file).size() !=
+            QFileInfo(QStringLiteral(TESSARO_BIN_DIR "/manual/") +
+                      file.mid(QStringLiteral("share/doc/tessaro/manual/").size()))
+                .size())
+            problems << file + " differs from the build's";
     for (int size : kIconSizes) {
         const QImage png(
             QStringLiteral("%1/share/icons/hicolor/%2x%2/apps/tessaro.png").arg(prefix).arg(size));
@@ -196,6 +222,8 @@ private Q_SLOTS:
         QVERIFY(ide.waitForStarted(10000));
 
         const QString definitions = "word list " + m_prefix + "/lib/tessaro/tessaro.stx";
+        // Its help file is the installed manual, not the build's.
+        const QString help = "help file " + m_prefix + "/share/doc/tessaro/manual/index.html";
         QElapsedTimer timer;
         timer.start();
         QStringList logged;
@@ -210,6 +238,7 @@ private Q_SLOTS:
         QVERIFY(ide.waitForFinished(20000));
         QVERIFY2(logged.contains(definitions), qPrintable(logged.join('\n')));
         QVERIFY2(logged.filter("no word list").isEmpty(), qPrintable(logged.join('\n')));
+        QVERIFY2(logged.contains(help), qPrintable(logged.join('\n')));
         QCOMPARE(ide.exitStatus(), QProcess::NormalExit);
         QCOMPARE(ide.exitCode(), 0);
 

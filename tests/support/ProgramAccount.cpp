@@ -3,6 +3,7 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QFileInfo>
 #include <QtTest/QtTest>
 
 namespace tessaro::test {
@@ -57,6 +58,17 @@ std::unique_ptr<QProcess> ProgramAccount::startWithoutDisplay(const QStringList 
     env.remove("DISPLAY");
     env.remove("WAYLAND_DISPLAY");
     return start(arguments, programPath(), env, workingFolder);
+}
+
+QString ProgramAccount::copyProgram(const QString &sub) const
+{
+    const QString folder = path(sub);
+    QDir().mkpath(folder);
+    const QFileInfo program(programPath());
+    for (const QFileInfo &info : program.dir().entryInfoList(QDir::Files))
+        if (!info.isExecutable() || info.fileName() == program.fileName())
+            QFile::copy(info.filePath(), folder + "/" + info.fileName());
+    return folder + "/" + program.fileName();
 }
 
 QStringList ProgramAccount::events() const

@@ -37,6 +37,10 @@ public:
     std::unique_ptr<QProcess> startWithoutDisplay(const QStringList &arguments,
                                                   const QString &workingFolder = QString()) const;
 
+    // A copy of the program and the data files beside it (word lists, definition file;
+    // not the manual's folder) in the account's folder `sub`; the copy's path.
+    QString copyProgram(const QString &sub) const;
+
     // The events logged so far, without their times.
     QStringList events() const;
     // Waits until the event has been logged `count` times.

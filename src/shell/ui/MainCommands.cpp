@@ -3,6 +3,7 @@
 #include "platform/core/CommonDialog.h"
 #include "platform/core/ErrorTraps.h"
 #include "platform/core/MsgBox.h"
+#include "shell/core/ManualLocation.h"
 #include "shell/core/MdiArrange.h"
 #include "shell/ui/ActiveDocument.h"
 #include "shell/ui/MainPanes.h"
@@ -34,10 +35,12 @@ MainCommands::MainCommands(frmMain &frame, MainPanes &panes, QWidget &statusBar)
     frame.connectCommand(MenuItem::mnuViewToolbar, this, &MainCommands::mnuViewToolbar_Click);
     frame.connectCommand(MenuItem::mnuViewRefresh, this, &MainCommands::mnuViewRefresh_Click);
     frame.connectCommand(MenuItem::mnuFileSend, this, &MainCommands::mnuFileSend_Click);
-    frame.connectCommand(MenuItem::mnuFilePrintPreview, this, &MainCommands::mnuFilePrintPreview_Click);
+    frame.connectCommand(MenuItem::mnuFilePrintPreview, this,
+                         &MainCommands::mnuFilePrintPreview_Click);
     frame.connectCommand(MenuItem::mnuFileSaveAll, this, &MainCommands::mnuFileSaveAll_Click);
     frame.connectCommand(MenuItem::mnuHelpContents, this, &MainCommands::mnuHelpContents_Click);
-    frame.connectCommand(MenuItem::mnuHelpSearchForHelpOn, this, &MainCommands::mnuHelpSearchForHelpOn_Click);
+    frame.connectCommand(MenuItem::mnuHelpSearchForHelpOn, this,
+                         &MainCommands::mnuHelpSearchForHelpOn_Click);
     frame.connectCommand(MenuItem::mnuFileExit, this, &MainCommands::mnuFileExit_Click);
     frame.connectCommand(MenuItem::mnuHelpAbout, this, &MainCommands::mnuHelpAbout_Click);
 
@@ -201,14 +204,15 @@ void MainCommands::showHelp(bool search)
                mb::OKOnly | mb::Information);
         return;
     }
-    // The desktop's viewer has no separate search page: both commands open the file.
-    Q_UNUSED(search);
+    // Contents shows the manual's first page, Search For Help On... its search page;
+    // the desktop's opener for web pages (xdg-open) shows either.
+    const QString page = search ? manualSearchPage(m_helpFile) : m_helpFile;
     try {
-        if (!QFileInfo::exists(m_helpFile))
+        if (!QFileInfo(page).isFile())
             raise(RuntimeError::FileNotFound);
-        if (!QDesktopServices::openUrl(QUrl::fromLocalFile(m_helpFile)))
+        if (!QDesktopServices::openUrl(QUrl::fromLocalFile(page)))
             throw RuntimeError(RuntimeError::InvalidProcedureCall,
-                               QStringLiteral("No program is set up to show %1.").arg(m_helpFile),
+                               QStringLiteral("No program is set up to show %1.").arg(page),
                                QStringLiteral("Tessaro"));
     } catch (const RuntimeError &error) {
         MsgBox(error.description());

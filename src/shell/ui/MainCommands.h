@@ -23,7 +23,8 @@ public:
 
     MainCommands(frmMain &frame, MainPanes &panes, QWidget &statusBar);
 
-    // The help file the help commands show; none ships, so it starts empty.
+    // The help file the help commands show: the manual's index page, with its search
+    // page beside it. Empty until the composed window names the manual it found.
     QString helpFile() const { return m_helpFile; }
     void setHelpFile(const QString &path) { m_helpFile = path; }
 

@@ -3,6 +3,7 @@
 #include "editor/ui/srcText.h"
 #include "platform/core/CommonDialog.h"
 #include "platform/core/ErrorTraps.h"
+#include "platform/core/EventLog.h"
 #include "shell/ui/NewChildPlacement.h"
 #include "shell/ui/frmMain.h"
 #include "state/core/AppState.h"
@@ -58,6 +59,8 @@ frmDocument *DocumentCommands::NewDocument()
 frmDocument *DocumentCommands::LoadDocument(const QString &path)
 {
     frmDocument *document = nullptr;
+    // Lets a script that drives the program see every file that opens, however opened.
+    logEvent(QStringLiteral("opening ") + path);
     trapped([&] {
         document = NewDocument();
         document->setCaption(documents::loadingCaption(path));

@@ -4,6 +4,7 @@
 // message boxes every kept document is recovered), and a clean exit leaves nothing.
 #include "support/ProgramAccount.h"
 #include "support/TestSupport.h"
+#include "support/XServer.h"
 
 #include <QDir>
 #include <QElapsedTimer>
@@ -21,79 +22,7 @@ namespace {
 
 const QString kProgram = QStringLiteral(TESSARO_BIN_DIR "/tessaro");
 
-// A private X server for the length of the test.
-class XServer
-{
-public:
-    XServer()
-    {
-        if (QStandardPaths::findExecutable("Xvfb").isEmpty()) {
-            m_why = "Xvfb is not installed (scripts/install-deps.sh installs it)";
-            return;
-        }
-        if (QStandardPaths::findExecutable("xdotool").isEmpty()) {
-            m_why = "xdotool is not installed (scripts/install-deps.sh installs it)";
-            return;
-        }
-        // -displayfd 1: the server picks a free display and writes its number.
-        m_server.start("Xvfb",
-                       {"-displayfd", "1", "-screen", "0", "1280x1024x24", "-nolisten", "tcp"});
-        m_server.waitForStarted(10000);
-        QElapsedTimer timer;
-        timer.start();
-        while (m_name.isEmpty() && timer.elapsed() < 20000 &&
-               m_server.state() == QProcess::Running) {
-            m_server.waitForReadyRead(200);
-            m_output += m_server.readAllStandardOutput();
-            if (m_output.contains('\n'))
-                m_name = ":" + QString::fromLatin1(m_output.trimmed());
-        }
-        if (m_name.isEmpty())
-            m_why =
-                "Xvfb did not start: " + QString::fromLocal8Bit(m_server.readAllStandardError());
-    }
-    ~XServer()
-    {
-        m_server.terminate();
-        if (!m_server.waitForFinished(5000))
-            m_server.kill();
-    }
-    bool isUp() const { return !m_name.isEmpty(); }
-    QString why() const { return m_why; }
-    QString name() const { return m_name; }
-
-    // Runs xdotool on this display; its standard output.
-    QString xdotool(const QStringList &arguments, int timeoutMs = 20000) const
-    {
-        QProcess tool;
-        QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
-        env.insert("DISPLAY", m_name);
-        tool.setProcessEnvironment(env);
-        tool.start("xdotool", arguments);
-        if (!tool.waitForFinished(timeoutMs))
-            tool.kill();
-        return QString::fromLocal8Bit(tool.readAllStandardOutput()).trimmed();
-    }
-    // The first visible window whose name matches, waiting for it to appear.
-    QString window(const QString &namePattern) const
-    {
-        QElapsedTimer timer;
-        timer.start();
-        while (timer.elapsed() < 20000) {
-            const QString ids = xdotool({"search", "--onlyvisible", "--name", namePattern});
-            if (!ids.isEmpty())
-                return ids.split('\n').constFirst();
-            QTest::qWait(100);
-        }
-        return QString();
-    }
-
-private:
-    QProcess m_server;
-    QByteArray m_output;
-    QString m_name;
-    QString m_why;
-};
+using test::XServer;
 
 // The program's own account (home, XDG folders, event log) with a source file, on a
 // display of its own when given one.

@@ -129,6 +129,33 @@ private Q_SLOTS:
         QVERIFY(
             lines.filter(QRegularExpression("^GAME=")).at(2).startsWith("GAME=" + mod + "/game/"));
     }
+    void theWorkspaceIsWrittenForACopyOfTheModNamedOnTheCommandLine()
+    {
+        // A copy where a modder keeps it, reached through a relative path.
+        QTemporaryDir dir;
+        QVERIFY(copyTree(kExamples + "/samplemod", dir.path() + "/mods/samplemod"));
+        QProcess script;
+        script.setWorkingDirectory(dir.path());
+        script.start("/bin/sh", {kExamples + "/write-workspace.sh", "mods/samplemod"});
+        QVERIFY(script.waitForFinished(20000));
+        QCOMPARE(script.exitCode(), 0);
+        const QString mod = dir.path() + "/mods/samplemod";
+        QCOMPARE(QString::fromLocal8Bit(script.readAllStandardOutput()), mod + "/samplemod.tdi\n");
+        const QString text = QString::fromLocal8Bit(readAll(mod + "/samplemod.tdi"));
+        QVERIFY(text.startsWith("GAME=" + mod + "/game/g_main.c\r\n"));
+        QVERIFY(!text.contains(kExamples));
+        QVERIFY(!QFile::exists(kExamples + "/samplemod/samplemod.tdi.tmp"));
+    }
+    void aModFolderThatDoesNotExistWritesNothing()
+    {
+        QTemporaryDir dir;
+        QProcess script;
+        script.start("/bin/sh", {kExamples + "/write-workspace.sh", dir.path() + "/nowhere"});
+        QVERIFY(script.waitForFinished(20000));
+        QVERIFY(script.exitCode() != 0);
+        QVERIFY(script.readAllStandardOutput().isEmpty());
+        QVERIFY(!QFile::exists(dir.path() + "/nowhere"));
+    }
 };
 
 TESSARO_CORE_TEST_MAIN(SampleModTest)

@@ -11,7 +11,9 @@
 
 #include <QAction>
 #include <QDesktopServices>
+#include <QDir>
 #include <QElapsedTimer>
+#include <QFileInfo>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QTemporaryDir>
@@ -123,7 +125,9 @@ private Q_SLOTS:
     void pasteSpecialIsReachableFromNoMenu();
     void helpWithoutAHelpFileSaysSoWithTheInformationIcon();
     void helpWithAMissingFileShowsTheError();
-    void helpWithAFileOpensItInTheDesktopViewer();
+    void contentsOpensTheIndexAndSearchTheSearchPageInTheDesktopViewer();
+    void searchWithoutASearchPageShowsTheError();
+    void theHelpFileIsTheManualBesideTheProgram();
     void findAgainBeforeAnySearchDoesNothing();
     void newWindowRunsFileNew();
     void exitClosesTheMainWindow();
@@ -462,8 +466,9 @@ void MainCommandsTest::aboutShowsTheAboutBoxModallyOwnedByTheMainWindow()
 
 void MainCommandsTest::helpWithoutAHelpFileSaysSoWithTheInformationIcon()
 {
+    // A program that found no manual.
     MainWindow frame;
-    QVERIFY(commands(frame)->helpFile().isEmpty());
+    commands(frame)->setHelpFile(QString());
     test::RecordingMessageBox box;
     trigger(frame, "mnuHelpContents");
     trigger(frame, "mnuHelpSearchForHelpOn");
@@ -478,34 +483,80 @@ void MainCommandsTest::helpWithoutAHelpFileSaysSoWithTheInformationIcon()
 void MainCommandsTest::helpWithAMissingFileShowsTheError()
 {
     MainWindow frame;
-    commands(frame)->setHelpFile(QStringLiteral("/nonexistent/tessaro.html"));
+    commands(frame)->setHelpFile(QStringLiteral("/nonexistent/manual/index.html"));
     test::RecordingMessageBox box;
     trigger(frame, "mnuHelpContents");
-    QCOMPARE(box.calls.size(), 1);
-    QCOMPARE(box.calls[0].prompt, QStringLiteral("File not found"));
-    QCOMPARE(box.calls[0].style, 0);
+    trigger(frame, "mnuHelpSearchForHelpOn");
+    QCOMPARE(box.calls.size(), 2);
+    for (const auto &call : box.calls) {
+        QCOMPARE(call.prompt, QStringLiteral("File not found"));
+        QCOMPARE(call.style, 0);
+    }
 }
 
-void MainCommandsTest::helpWithAFileOpensItInTheDesktopViewer()
+namespace {
+
+// A manual of two pages in `dir`; the index page's path.
+QString writeManual(const QTemporaryDir &dir, bool withSearchPage = true)
+{
+    for (const char *name : {"index.html", "search.html"}) {
+        if (!withSearchPage && QLatin1String(name) == QLatin1String("search.html"))
+            continue;
+        QFile file(dir.filePath(QLatin1String(name)));
+        if (!file.open(QIODevice::WriteOnly))
+            return QString();
+        file.write("<html></html>");
+    }
+    return dir.filePath(QStringLiteral("index.html"));
+}
+
+} // namespace
+
+void MainCommandsTest::contentsOpensTheIndexAndSearchTheSearchPageInTheDesktopViewer()
 {
     QTemporaryDir dir;
-    const QString help = dir.filePath(QStringLiteral("tessaro.html"));
-    QFile file(help);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write("<html></html>");
-    file.close();
+    const QString index = writeManual(dir);
+    QVERIFY(!index.isEmpty());
     UrlRecorder viewer;
     QDesktopServices::setUrlHandler(QStringLiteral("file"), &viewer, "open");
     {
         MainWindow frame;
-        commands(frame)->setHelpFile(help);
+        commands(frame)->setHelpFile(index);
         test::RecordingMessageBox box;
         trigger(frame, "mnuHelpContents");
         trigger(frame, "mnuHelpSearchForHelpOn");
         QVERIFY(box.calls.isEmpty());
     }
     QDesktopServices::unsetUrlHandler(QStringLiteral("file"));
-    QCOMPARE(viewer.urls, QList<QUrl>({QUrl::fromLocalFile(help), QUrl::fromLocalFile(help)}));
+    QCOMPARE(viewer.urls, QList<QUrl>({QUrl::fromLocalFile(index),
+                                       QUrl::fromLocalFile(dir.filePath("search.html"))}));
+}
+
+void MainCommandsTest::searchWithoutASearchPageShowsTheError()
+{
+    QTemporaryDir dir;
+    const QString index = writeManual(dir, false);
+    UrlRecorder viewer;
+    QDesktopServices::setUrlHandler(QStringLiteral("file"), &viewer, "open");
+    test::RecordingMessageBox box;
+    {
+        MainWindow frame;
+        commands(frame)->setHelpFile(index);
+        trigger(frame, "mnuHelpSearchForHelpOn");
+    }
+    QDesktopServices::unsetUrlHandler(QStringLiteral("file"));
+    QVERIFY(viewer.urls.isEmpty());
+    QCOMPARE(box.calls.size(), 1);
+    QCOMPARE(box.calls[0].prompt, QStringLiteral("File not found"));
+}
+
+void MainCommandsTest::theHelpFileIsTheManualBesideTheProgram()
+{
+    // The tests run beside the build's programs, where the build writes the manual.
+    MainWindow frame;
+    const QString expected = QStringLiteral(TESSARO_BIN_DIR "/manual/index.html");
+    QCOMPARE(commands(frame)->helpFile(), QDir::cleanPath(expected));
+    QVERIFY(QFileInfo(commands(frame)->helpFile()).isFile());
 }
 
 void MainCommandsTest::findAgainBeforeAnySearchDoesNothing()
