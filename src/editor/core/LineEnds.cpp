@@ -22,19 +22,19 @@ QString lineEndText(LineEnd end)
     return QStringLiteral("\r\n");
 }
 
-LineEnds scanLineEnds(const QString &text)
+namespace {
+
+template <typename Char> LineEnds scanBreaks(const Char *p, qsizetype n)
 {
     LineEnds result;
     std::array<qsizetype, 4> counts{};
-    const QChar *p = text.constData();
-    const qsizetype n = text.size();
     for (qsizetype i = 0; i < n; ++i) {
-        const char16_t c = p[i].unicode();
+        const Char c = p[i];
         LineEnd kind;
-        if (c == u'\n') {
+        if (c == Char('\n')) {
             kind = LineEnd::LF;
-        } else if (c == u'\r') {
-            if (i + 1 < n && p[i + 1].unicode() == u'\n') {
+        } else if (c == Char('\r')) {
+            if (i + 1 < n && p[i + 1] == Char('\n')) {
                 kind = LineEnd::CRLF;
                 ++i;
             } else {
@@ -58,6 +58,15 @@ LineEnds scanLineEnds(const QString &text)
     result.uniform = best == static_cast<qsizetype>(result.breaks.size());
     return result;
 }
+
+} // namespace
+
+LineEnds scanLineEnds(const QString &text)
+{
+    return scanBreaks(reinterpret_cast<const char16_t *>(text.constData()), text.size());
+}
+
+LineEnds scanLineEnds(QByteArrayView text) { return scanBreaks(text.data(), text.size()); }
 
 LineEnds lineEndsWithUsual(const QString &text, LineEnd usual)
 {

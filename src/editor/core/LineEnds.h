@@ -25,6 +25,7 @@ struct LineEnds
 };
 
 LineEnds scanLineEnds(const QString &text);
+LineEnds scanLineEnds(QByteArrayView text);
 
 // The text's line breaks as scanLineEnds finds them, with the given usual kind: lines
 // typed anew get it, and the text is uniform only when every break is of that kind.

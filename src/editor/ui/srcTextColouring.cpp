@@ -45,7 +45,6 @@ void srcText::startRun(bool html, bool respell)
     ScanRequest request = m_colouring->request();
     request.ignoreVBHeader = m_ignoreVBHeader;
     m_colouring->setRequest(request);
-    m_rtfTemp->setDefaultFont(font());
     m_colouring->start(html, m_colouringFromKeys || m_colouringFromPaste, respell);
 }
 
