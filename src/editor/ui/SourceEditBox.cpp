@@ -111,7 +111,8 @@ void SourceEditBox::setBytes(QByteArrayView text)
     // New lines copy the state of the line they are inserted at: they start at 0.
     send(SCI_SETLINESTATE, 0, 0);
     send(SCI_CLEARDOCUMENTSTYLE);
-    SendScintilla(SCI_APPENDTEXT, uintptr_t(text.size()), text.data());
+    if (!text.isEmpty())
+        SendScintilla(SCI_APPENDTEXT, uintptr_t(text.size()), text.data());
     send(SCI_SETUNDOCOLLECTION, 1);
     send(SCI_EMPTYUNDOBUFFER);
     send(SCI_SETSAVEPOINT);
@@ -127,7 +128,8 @@ void SourceEditBox::select(qsizetype anchor, qsizetype caret)
 void SourceEditBox::replaceSelection(QByteArrayView text)
 {
     send(SCI_TARGETFROMSELECTION);
-    SendScintilla(SCI_REPLACETARGET, uintptr_t(text.size()), text.data());
+    // Scintilla wants a text even for none.
+    SendScintilla(SCI_REPLACETARGET, uintptr_t(text.size()), text.isEmpty() ? "" : text.data());
     const qsizetype end = send(SCI_GETTARGETEND);
     send(SCI_SETSEL, end, end);
 }

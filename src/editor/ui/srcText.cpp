@@ -72,6 +72,8 @@ srcText::srcText(QWidget *parent) : QWidget(parent)
     connect(m_rtfMain, &QsciScintillaBase::SCN_UPDATEUI, this, [this](int updated) {
         if (updated & SourceEditBox::SC_UPDATE_SELECTION)
             emitSelChangeIfMoved();
+        if (updated & (SourceEditBox::SC_UPDATE_H_SCROLL | SourceEditBox::SC_UPDATE_V_SCROLL))
+            emitScrollIfMoved();
     });
     connect(m_rtfMain->horizontalScrollBar(), &QScrollBar::valueChanged, this,
             &srcText::emitScrollIfMoved);
@@ -562,7 +564,8 @@ void srcText::Clear()
 void srcText::Append(const QString &strText)
 {
     const QByteArray bytes = textfile::toBytes(withCrLfBreaks(strText));
-    m_rtfMain->SendScintilla(SourceEditBox::SCI_APPENDTEXT, uintptr_t(bytes.size()),
+    if (!bytes.isEmpty())
+        m_rtfMain->SendScintilla(SourceEditBox::SCI_APPENDTEXT, uintptr_t(bytes.size()),
                              bytes.constData());
 }
 

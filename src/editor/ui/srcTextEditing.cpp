@@ -134,8 +134,9 @@ void srcText::InsertBlock(const QString &strCode, bool bReplaceSelection, bool b
     } else {
         // The block goes in front of the selected text, which moves with its text.
         m_rtfMain->send(SourceEditBox::SCI_SETTARGETRANGE, ulong(at), at);
-        m_rtfMain->SendScintilla(SourceEditBox::SCI_REPLACETARGET, uintptr_t(bytes.size()),
-                                 bytes.constData());
+        if (!bytes.isEmpty())
+            m_rtfMain->SendScintilla(SourceEditBox::SCI_REPLACETARGET, uintptr_t(bytes.size()),
+                                     bytes.constData());
         m_rtfMain->select(anchor + bytes.size(), caret + bytes.size());
     }
     flushTyping();

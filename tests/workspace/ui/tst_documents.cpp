@@ -17,7 +17,7 @@
 #include <QRandomGenerator>
 #include <QMdiArea>
 #include <QMdiSubWindow>
-#include <QPlainTextEdit>
+#include "editor/ui/SourceEditBox.h"
 #include <QTemporaryDir>
 #include <QTextCursor>
 #include <QTextDocument>
