@@ -186,7 +186,7 @@ private Q_SLOTS:
             if (i > 0)
                 QVERIFY(percents.at(i) >= percents.at(i - 1));
         }
-        QVERIFY(percents.last() >= 60); // the lines were being styled
+        QVERIFY(percents.last() > percents.first()); // the share grew as the run went on
         QCOMPARE(colourer.percentComplete(), 0);
     }
 
