@@ -38,6 +38,10 @@ public:
 
     qsizetype length() const override { return m_text.size(); }
     QByteArrayView bytes() const override { return m_text; }
+    QByteArrayView bytes(qsizetype from, qsizetype length) const override
+    {
+        return QByteArrayView(m_text).sliced(from, length);
+    }
     int lineCount() const override { return int(m_starts.size()); }
     int lineOf(qsizetype position) const override
     {
@@ -66,9 +70,10 @@ public:
     bool canRedo() const override { return false; }
     void beginUndoStep() override {}
     void endUndoStep() override {}
+    void markRespellingStep() override {}
     void setUndoCollection(bool) override {}
-    void undo() override {}
-    void redo() override {}
+    bool undo() override { return false; }
+    bool redo() override { return false; }
 
 private:
     QByteArray m_text;

@@ -104,7 +104,7 @@ void DocumentColourer::setCommentState(int line, bool inComment)
 QString DocumentColourer::lineText(int line) const
 {
     const qsizetype from = m_text.lineStart(line);
-    return QString::fromLatin1(m_text.bytes().sliced(from, m_text.lineEnd(line) - from));
+    return QString::fromLatin1(m_text.bytes(from, m_text.lineEnd(line) - from));
 }
 
 // ---- Full run ---------------------------------------------------------------------
@@ -431,7 +431,7 @@ void DocumentColourer::collectSpellings(int line, const std::vector<Piece> &piec
     const qsizetype textEnd = m_text.lineEnd(line);
     while (from < pieces.size() && pieces[from].end <= b0)
         ++from;
-    const QByteArrayView bytes = m_text.bytes();
+    const QByteArrayView bytes = m_text.bytes(b0, textEnd - b0);
     for (std::size_t i = from; i < pieces.size() && pieces[i].start < textEnd; ++i) {
         const Piece &p = pieces[i];
         if (p.spelling.isEmpty() || p.start < b0 || p.end > textEnd ||
@@ -439,7 +439,7 @@ void DocumentColourer::collectSpellings(int line, const std::vector<Piece> &piec
             continue;
         if (caretPosition >= p.start && caretPosition <= p.end)
             continue; // the word being typed keeps its letters until it is finished
-        if (QLatin1StringView(bytes.sliced(p.start, p.end - p.start)) != p.spelling)
+        if (QLatin1StringView(bytes.sliced(p.start - b0, p.end - p.start)) != p.spelling)
             spellings.emplace_back(p.start, p.spelling);
     }
 }
@@ -451,19 +451,18 @@ void DocumentColourer::writeSpellings(const Spellings &spellings)
         return;
     m_applying = true;
     // Without a history the respelling is not recorded (a text just loaded); with
-    // one it joins the edit before it.
+    // one it is a step of its own, marked, that goes with the edit before it.
     const bool record = m_text.canUndo();
     if (!record)
         m_text.setUndoCollection(false);
-    const int topBefore = m_steps.top();
     m_text.beginUndoStep();
+    if (record)
+        m_text.markRespellingStep();
     for (const auto &[position, spelling] : spellings)
         m_text.replace(position, spelling.toLatin1());
     m_text.endUndoStep();
     if (!record)
         m_text.setUndoCollection(true);
-    else if (m_steps.top() > topBefore)
-        m_steps.markTopAsRespelling();
     m_applying = false;
 }
 
@@ -472,15 +471,8 @@ void DocumentColourer::writeSpellings(const Spellings &spellings)
 void DocumentColourer::undo()
 {
     m_undoing = true;
-    // The respelling on top goes with the edit below it; a respelling further down
-    // belongs to an earlier edit and stays.
-    while (m_steps.respellingOnTop() && m_text.canUndo()) {
-        m_text.undo();
-        m_steps.undone();
-    }
-    if (m_text.canUndo()) {
-        m_text.undo();
-        m_steps.undone();
+    // A respelling on top goes with the edit below it.
+    while (m_text.canUndo() && m_text.undo()) {
     }
     m_undoing = false;
 }
@@ -490,11 +482,14 @@ void DocumentColourer::redo()
     m_undoing = true;
     if (m_text.canRedo()) {
         m_text.redo();
-        m_steps.redone();
-    }
-    while (m_steps.respellingNext() && m_text.canRedo()) {
-        m_text.redo();
-        m_steps.redone();
+        // The respellings that followed the edit come back with it; a step that is
+        // not one is taken back again (the history cannot be read ahead).
+        while (m_text.canRedo()) {
+            if (!m_text.redo()) {
+                m_text.undo();
+                break;
+            }
+        }
     }
     m_undoing = false;
 }

@@ -2,7 +2,6 @@
 
 #include "editor/core/ColourScan.h"
 #include "editor/core/ColourTable.h"
-#include "editor/core/UndoSteps.h"
 
 #include <QByteArray>
 #include <QElapsedTimer>
@@ -32,7 +31,8 @@ class StyledText;
 //
 // Colours are styles: they never become an edit of the text, an undo step or a change
 // of the redo steps. Only the respellings (a word given its list's spelling) change
-// the text; they join the edit before them (UndoSteps), are not recorded when there
+// the text; they join the edit before them (a step marked as a respelling is undone
+// and redone with the step before it), are not recorded when there
 // is no history, and are left out after Undo and Redo and whenever steps could be
 // redone, so the redo steps stay.
 class DocumentColourer : public QObject
@@ -89,13 +89,9 @@ public:
     // position keeps the word being typed from being respelled under the caret.
     void flush(qsizetype caretPosition = -1);
 
-    // The box's undo steps: the control tells of each new step.
-    UndoSteps &undoSteps() { return m_steps; }
     // Undo and redo of the text; a respelling goes with the edit before it.
     void undo();
     void redo();
-    // Forgets the respelling steps (the history was emptied).
-    void forgetUndoSteps() { m_steps.forget(); }
 
     // The lines changed at once above which the typing path starts a silent full run
     // instead of colouring line by line.
@@ -157,7 +153,6 @@ private:
     // The waiting lines were changed by Undo or Redo: they get colours only.
     bool m_dirtyFromUndo = false;
     bool m_undoing = false;
-    UndoSteps m_steps;
 };
 
 } // namespace tessaro

@@ -16,6 +16,9 @@ public:
     virtual qsizetype length() const = 0;
     // The whole text, valid until the next change.
     virtual QByteArrayView bytes() const = 0;
+    // Part of the text, valid until the next change; cheaper than the whole text in a
+    // box that keeps a gap where the last edit was.
+    virtual QByteArrayView bytes(qsizetype from, qsizetype length) const = 0;
     virtual int lineCount() const = 0;
     virtual int lineOf(qsizetype position) const = 0;
     virtual qsizetype lineStart(int line) const = 0;
@@ -35,9 +38,12 @@ public:
     virtual bool canRedo() const = 0;
     virtual void beginUndoStep() = 0;
     virtual void endUndoStep() = 0;
+    // Marks the undo step that is open as a respelling.
+    virtual void markRespellingStep() = 0;
     virtual void setUndoCollection(bool collect) = 0;
-    virtual void undo() = 0;
-    virtual void redo() = 0;
+    // Undo and Redo of one step; tell whether that step was marked as a respelling.
+    virtual bool undo() = 0;
+    virtual bool redo() = 0;
 };
 
 // The bits of a line's state word.

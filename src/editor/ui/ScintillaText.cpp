@@ -8,6 +8,11 @@ qsizetype ScintillaText::length() const { return m_box.length(); }
 
 QByteArrayView ScintillaText::bytes() const { return m_box.bytes(); }
 
+QByteArrayView ScintillaText::bytes(qsizetype from, qsizetype length) const
+{
+    return m_box.range(from, length);
+}
+
 int ScintillaText::lineCount() const { return m_box.lineCount(); }
 
 int ScintillaText::lineOf(qsizetype position) const { return m_box.lineOf(position); }
@@ -41,8 +46,9 @@ int ScintillaText::styleAt(qsizetype position) const
 
 void ScintillaText::replace(qsizetype from, QByteArrayView bytes)
 {
-    m_box.send(SourceEditBox::SCI_SETTARGETRANGE, from, from + bytes.size());
+    m_box.send(SourceEditBox::SCI_SETTARGETRANGE, ulong(from), long(from + bytes.size()));
     m_box.SendScintilla(SourceEditBox::SCI_REPLACETARGET, uintptr_t(bytes.size()), bytes.data());
+    m_box.settle();
 }
 
 bool ScintillaText::canUndo() const { return m_box.send(SourceEditBox::SCI_CANUNDO) != 0; }
@@ -53,36 +59,30 @@ void ScintillaText::beginUndoStep() { m_box.send(SourceEditBox::SCI_BEGINUNDOACT
 
 void ScintillaText::endUndoStep() { m_box.send(SourceEditBox::SCI_ENDUNDOACTION); }
 
+void ScintillaText::markRespellingStep()
+{
+    m_box.send(SourceEditBox::SCI_ADDUNDOACTION, SourceEditBox::RespellingMarker, 0);
+}
+
 void ScintillaText::setUndoCollection(bool collect)
 {
     m_box.send(SourceEditBox::SCI_SETUNDOCOLLECTION, collect);
 }
 
-void ScintillaText::undo() { m_box.send(SourceEditBox::SCI_UNDO); }
-
-void ScintillaText::redo() { m_box.send(SourceEditBox::SCI_REDO); }
-
-void ScintillaText::noteModification(int type, qsizetype position, qsizetype length,
-                                     int linesAdded)
+bool ScintillaText::undoOrRedo(int message)
 {
-    if (type & SourceEditBox::SC_MOD_BEFOREDELETE) {
-        const int first = lineOf(position);
-        const int last = lineOf(position + length);
-        m_joinedLineState = last > first ? lineState(last) : -1;
-        return;
-    }
-    if ((type & SourceEditBox::SC_MOD_DELETETEXT) && linesAdded < 0 && m_joinedLineState >= 0) {
-        setLineState(lineOf(position), m_joinedLineState & linestate::LineEndMask);
-        m_joinedLineState = -1;
-        return;
-    }
-    if ((type & SourceEditBox::SC_MOD_INSERTTEXT) && linesAdded > 0) {
-        const int first = lineOf(position);
-        const int old = lineState(first);
-        for (int line = first; line < first + linesAdded; ++line)
-            setLineState(line, 0);
-        setLineState(first + linesAdded, old & linestate::LineEndMask);
-    }
+    bool marked = false;
+    const auto watch = QObject::connect(&m_box, &SourceEditBox::undoMarkerPassed, [&marked](int token) {
+        marked = marked || token == SourceEditBox::RespellingMarker;
+    });
+    m_box.send(message);
+    m_box.settle();
+    QObject::disconnect(watch);
+    return marked;
 }
+
+bool ScintillaText::undo() { return undoOrRedo(SourceEditBox::SCI_UNDO); }
+
+bool ScintillaText::redo() { return undoOrRedo(SourceEditBox::SCI_REDO); }
 
 } // namespace tessaro

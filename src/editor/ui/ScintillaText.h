@@ -6,9 +6,7 @@ namespace tessaro {
 
 class SourceEditBox;
 
-// The editor box's text as the colourer sees it, and the keeper of its lines' states:
-// a line keeps its own break (as loaded) and its comment state through the edits
-// that split and join lines.
+// The editor box's text as the colourer sees it.
 class ScintillaText : public StyledText
 {
 public:
@@ -16,6 +14,7 @@ public:
 
     qsizetype length() const override;
     QByteArrayView bytes() const override;
+    QByteArrayView bytes(qsizetype from, qsizetype length) const override;
     int lineCount() const override;
     int lineOf(qsizetype position) const override;
     qsizetype lineStart(int line) const override;
@@ -29,20 +28,16 @@ public:
     bool canRedo() const override;
     void beginUndoStep() override;
     void endUndoStep() override;
+    void markRespellingStep() override;
     void setUndoCollection(bool collect) override;
-    void undo() override;
-    void redo() override;
-
-    // Keeps the lines' states right through an edit, from the box's notice of it
-    // (before a deletion, and after an insertion or a deletion). The line that an
-    // edit splits gives its break to the last of its parts, whose comment state is
-    // then unknown, as are the new lines' (their break is the usual one); the line
-    // that a deletion joins others to takes the break of the last one.
-    void noteModification(int type, qsizetype position, qsizetype length, int linesAdded);
+    bool undo() override;
+    bool redo() override;
 
 private:
+    // Undo or Redo of one step, telling whether the step was a respelling.
+    bool undoOrRedo(int message);
+
     SourceEditBox &m_box;
-    int m_joinedLineState = -1;
 };
 
 } // namespace tessaro

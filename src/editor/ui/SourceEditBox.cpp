@@ -1,17 +1,37 @@
 #include "editor/ui/SourceEditBox.h"
 
 #include "editor/core/LineEnds.h"
+#include "editor/core/StyledText.h"
 #include "editor/ui/srcText.h"
 
+#include <QAccessible>
+#include <QAccessibleWidget>
 #include <QContextMenuEvent>
+#include <QTimer>
 #include <QKeyEvent>
 #include <QMenu>
 #include <QMimeData>
 
 namespace tessaro {
 
+namespace {
+
+// Without an assistive technology listening, the box is described as a plain editable
+// widget: the Qt port's own description counts every character up to the caret at
+// each move, which a 10 MB text makes a pause of its own.
+QAccessibleInterface *plainDescription(const QString &className, QObject *object)
+{
+    if (className == QLatin1String("tessaro::SourceEditBox") && !QAccessible::isActive())
+        return new QAccessibleWidget(static_cast<QWidget *>(object), QAccessible::EditableText);
+    return nullptr;
+}
+
+} // namespace
+
 SourceEditBox::SourceEditBox(srcText *owner) : QsciScintillaBase(owner), m_owner(owner)
 {
+    static const bool described = (QAccessible::installFactory(plainDescription), true);
+    Q_UNUSED(described);
     setObjectName(QStringLiteral("rtfMain"));
     // 8-bit text (every byte one character, shown as Latin-1), CR LF line breaks, no
     // wrapping, no margins: the box shows the text and nothing else.
@@ -28,6 +48,17 @@ SourceEditBox::SourceEditBox(srcText *owner) : QsciScintillaBase(owner), m_owner
     // Drag and drop of text within the box, as in a rich-edit box.
     send(SCI_USEPOPUP, 0);
     bindKeys();
+    // Edits are told from the notices before them (see the class comment); the
+    // notices of the undo steps' markers come as Undo and Redo pass them.
+    send(SCI_SETMODEVENTMASK, SC_MOD_BEFOREINSERT | SC_MOD_BEFOREDELETE | SC_MOD_CONTAINER);
+    connect(this, &QsciScintillaBase::SCN_MODIFIED, this,
+            [this](int position, int type, const char *, int length, int, int, int, int, int token,
+                   int) {
+                if (type & SC_MOD_CONTAINER)
+                    Q_EMIT undoMarkerPassed(token);
+                else
+                    onModified(position, type, length);
+            });
     // Styles are claimed as they are asked for: the control has set them already.
     connect(this, &QsciScintillaBase::SCN_STYLENEEDED, this,
             [this](int position) { send(SCI_STARTSTYLING, position, 0); });
@@ -93,26 +124,76 @@ QByteArrayView SourceEditBox::bytes() const
     return QByteArrayView(data, length());
 }
 
-QByteArray SourceEditBox::bytes(qsizetype from, qsizetype to) const
+QByteArrayView SourceEditBox::range(qsizetype from, qsizetype length) const
 {
-    from = std::clamp<qsizetype>(from, 0, length());
-    to = std::clamp<qsizetype>(to, from, length());
-    const auto *data =
-        static_cast<const char *>(reinterpret_cast<void *>(send(SCI_GETRANGEPOINTER, from, to - from)));
-    return QByteArray(data, to - from);
+    from = std::clamp<qsizetype>(from, 0, this->length());
+    length = std::clamp<qsizetype>(length, 0, this->length() - from);
+    if (length == 0)
+        return {};
+    const auto *data = reinterpret_cast<const char *>(send(SCI_GETRANGEPOINTER, ulong(from), long(length)));
+    return QByteArrayView(data, length);
+}
+
+void SourceEditBox::onModified(int position, int type, int length)
+{
+    // The edit told before this one is made by now.
+    settle();
+    PendingEdit edit;
+    edit.insertion = type & SC_MOD_BEFOREINSERT;
+    edit.position = position;
+    edit.length = length;
+    edit.line = lineOf(position);
+    edit.lastLine = edit.insertion ? edit.line : lineOf(position + length);
+    edit.keptState = int(send(SCI_GETLINESTATE, edit.insertion ? edit.line : edit.lastLine));
+    m_pending = edit;
+    if (!m_settleQueued) {
+        // An edit that no call of the box ends (a drag within the box, say) is told
+        // from the event loop.
+        m_settleQueued = true;
+        QTimer::singleShot(0, this, [this] {
+            m_settleQueued = false;
+            settle();
+        });
+    }
+}
+
+void SourceEditBox::settle()
+{
+    if (!m_pending)
+        return;
+    const PendingEdit edit = *m_pending;
+    m_pending.reset();
+    const int keptEnd = edit.keptState & linestate::LineEndMask;
+    if (edit.insertion) {
+        const int lastLine = lineOf(edit.position + edit.length);
+        if (lastLine > edit.line) {
+            for (int line = edit.line; line < lastLine; ++line)
+                send(SCI_SETLINESTATE, ulong(line), 0);
+            send(SCI_SETLINESTATE, ulong(lastLine), keptEnd);
+        }
+        Q_EMIT edited(edit.position, 0, edit.length);
+    } else {
+        if (edit.lastLine > edit.line)
+            send(SCI_SETLINESTATE, ulong(edit.line), keptEnd);
+        Q_EMIT edited(edit.position, edit.length, 0);
+    }
 }
 
 void SourceEditBox::setBytes(QByteArrayView text)
 {
+    settle();
     const bool readOnly = isReadOnly();
     setReadOnly(false);
     send(SCI_SETUNDOCOLLECTION, 0);
     send(SCI_CLEARALL);
+    settle();
     // New lines copy the state of the line they are inserted at: they start at 0.
     send(SCI_SETLINESTATE, 0, 0);
     send(SCI_CLEARDOCUMENTSTYLE);
     if (!text.isEmpty())
         SendScintilla(SCI_APPENDTEXT, uintptr_t(text.size()), text.data());
+    // The new text's lines all have the state 0 already.
+    m_pending.reset();
     send(SCI_SETUNDOCOLLECTION, 1);
     send(SCI_EMPTYUNDOBUFFER);
     send(SCI_SETSAVEPOINT);
@@ -130,6 +211,7 @@ void SourceEditBox::replaceSelection(QByteArrayView text)
     send(SCI_TARGETFROMSELECTION);
     // Scintilla wants a text even for none.
     SendScintilla(SCI_REPLACETARGET, uintptr_t(text.size()), text.isEmpty() ? "" : text.data());
+    settle();
     const qsizetype end = send(SCI_GETTARGETEND);
     send(SCI_SETSEL, end, end);
 }
@@ -165,7 +247,21 @@ void SourceEditBox::keyPressEvent(QKeyEvent *event)
         event->text().at(0).isPrint())
         return;
     QsciScintillaBase::keyPressEvent(event);
+    settle();
     m_owner->afterKey();
+}
+
+void SourceEditBox::inputMethodEvent(QInputMethodEvent *event)
+{
+    QsciScintillaBase::inputMethodEvent(event);
+    settle();
+    m_owner->afterKey();
+}
+
+void SourceEditBox::dropEvent(QDropEvent *event)
+{
+    QsciScintillaBase::dropEvent(event);
+    settle();
 }
 
 void SourceEditBox::keyReleaseEvent(QKeyEvent *event)

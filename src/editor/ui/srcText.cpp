@@ -66,9 +66,7 @@ srcText::srcText(QWidget *parent) : QWidget(parent)
         m_colouringFromKeys = fromKeys;
     });
 
-    connect(m_rtfMain, &QsciScintillaBase::SCN_MODIFIED, this,
-            [this](int position, int type, const char *, int length, int linesAdded, int, int,
-                   int, int, int) { onModified(position, type, length, linesAdded); });
+    connect(m_rtfMain, &SourceEditBox::edited, this, &srcText::onEdited);
     connect(m_rtfMain, &QsciScintillaBase::SCN_UPDATEUI, this, [this](int updated) {
         if (updated & SourceEditBox::SC_UPDATE_SELECTION)
             emitSelChangeIfMoved();
@@ -226,7 +224,6 @@ void srcText::setDocumentBytes(const QByteArray &bytes, const LineEnds *lineEnds
     }
     // A new text is coloured by a full run (or not at all), not line by line.
     m_colouring->forgetChanges();
-    m_colouring->forgetUndoSteps();
     m_loading = false;
     emitSelChangeIfMoved();
 }
@@ -287,7 +284,8 @@ QString srcText::FileTitle() const { return paths::filePart(m_fileName); }
 
 // ---- Text and positions -----------------------------------------------------------------
 
-QString srcText::Text() const { return textfile::fromBytes(m_rtfMain->bytes().toByteArray()); }
+// Every byte one character: the 8-bit text decoded as files are (Latin-1).
+QString srcText::Text() const { return QString::fromLatin1(m_rtfMain->bytes()); }
 
 void srcText::setText(const QString &New_Text)
 {
@@ -301,10 +299,8 @@ void srcText::setText(const QString &New_Text)
 
 qsizetype srcText::boxPosition(qsizetype position) const
 {
-    const QByteArrayView text = m_rtfMain->bytes();
-    position = std::clamp<qsizetype>(position, 0, text.size());
-    if (position > 0 && position < text.size() && text[position] == '\n' &&
-        text[position - 1] == '\r')
+    position = std::clamp<qsizetype>(position, 0, m_rtfMain->length());
+    if (position > 0 && m_rtfMain->at(position) == '\n' && m_rtfMain->at(position - 1) == '\r')
         --position;
     return position;
 }
@@ -566,7 +562,8 @@ void srcText::Append(const QString &strText)
     const QByteArray bytes = textfile::toBytes(withCrLfBreaks(strText));
     if (!bytes.isEmpty())
         m_rtfMain->SendScintilla(SourceEditBox::SCI_APPENDTEXT, uintptr_t(bytes.size()),
-                             bytes.constData());
+                                 bytes.constData());
+    m_rtfMain->settle();
 }
 
 bool srcText::CanPaste() const
@@ -709,18 +706,12 @@ void srcText::SelPrint(QPagedPaintDevice *lHDC)
 
 // ---- Events ----------------------------------------------------------------------------------
 
-void srcText::onModified(int position, int type, int length, int linesAdded)
+void srcText::onEdited(qsizetype position, qsizetype removed, qsizetype added)
 {
-    m_text->noteModification(type, position, length, linesAdded);
-    const bool edit = type & (SourceEditBox::SC_MOD_INSERTTEXT | SourceEditBox::SC_MOD_DELETETEXT);
-    if (!edit)
-        return;
-    if ((type & SourceEditBox::SC_STARTACTION) && (type & SourceEditBox::SC_PERFORMED_USER))
-        m_colouring->undoSteps().added();
+    // The colourer's own respellings and a text going in as a whole are no edits.
     if (m_colouring->isApplying() || m_loading)
         return;
-    const bool inserted = type & SourceEditBox::SC_MOD_INSERTTEXT;
-    noteEdit(position, inserted ? 0 : length, inserted ? length : 0);
+    noteEdit(position, removed, added);
 }
 
 void srcText::noteEdit(qsizetype position, qsizetype removed, qsizetype added)

@@ -315,7 +315,7 @@ private:
     void applyTextFont();
     void applyBackground();
     void applyStyles();
-    void onModified(int position, int type, int length, int linesAdded);
+    void onEdited(qsizetype position, qsizetype removed, qsizetype added);
     // The box position of a public one: within the text, and never between the CR
     // and the LF of a line break (a position on the LF is the end of its line).
     qsizetype boxPosition(qsizetype position) const;

@@ -91,6 +91,7 @@ void srcText::rewriteBlock(const QString &marker, bool add)
         }
     }
     m_rtfMain->send(SourceEditBox::SCI_ENDUNDOACTION);
+    m_rtfMain->settle();
     const qsizetype start = m_rtfMain->lineStart(firstLine);
     const qsizetype end = m_rtfMain->lineEnd(lastLine);
     const bool commenting = add && marker == commentMarkerForBlock();
@@ -137,6 +138,7 @@ void srcText::InsertBlock(const QString &strCode, bool bReplaceSelection, bool b
         if (!bytes.isEmpty())
             m_rtfMain->SendScintilla(SourceEditBox::SCI_REPLACETARGET, uintptr_t(bytes.size()),
                                      bytes.constData());
+        m_rtfMain->settle();
         m_rtfMain->select(anchor + bytes.size(), caret + bytes.size());
     }
     flushTyping();
@@ -366,6 +368,7 @@ bool srcText::handleBackspace()
         return false;
     const int back = column % m_indentValue == 0 ? m_indentValue : column % m_indentValue;
     m_rtfMain->send(SourceEditBox::SCI_DELETERANGE, ulong(caret - back), back);
+    m_rtfMain->settle();
     afterKey();
     return true;
 }

@@ -45,9 +45,9 @@ std::vector<RtfColourRun> srcText::colourRuns(qsizetype from, qsizetype to) cons
 
 void srcText::styleRuns(qsizetype from, qsizetype length, const std::vector<RtfColourRun> &runs)
 {
-    const QByteArrayView text = m_rtfMain->bytes();
-    from = std::clamp<qsizetype>(from, 0, text.size());
-    length = std::clamp<qsizetype>(length, 0, text.size() - from);
+    from = std::clamp<qsizetype>(from, 0, m_rtfMain->length());
+    length = std::clamp<qsizetype>(length, 0, m_rtfMain->length() - from);
+    const QByteArrayView text = m_rtfMain->range(from, length);
     QByteArray styles(length, char(StyleTable::Plain));
     const std::size_t stylesBefore = m_styles.styles().size();
     for (const RtfColourRun &run : runs) {
@@ -56,7 +56,7 @@ void srcText::styleRuns(qsizetype from, qsizetype length, const std::vector<RtfC
         const qsizetype end = std::clamp<qsizetype>(run.start + run.length, start, length);
         for (qsizetype i = start; i < end; ++i) {
             // A line break never takes a colour.
-            const char c = text[from + i];
+            const char c = text[i];
             if (c != '\r' && c != '\n')
                 styles[i] = style;
         }
