@@ -175,10 +175,10 @@ void DocumentColourer::beginSnapshot()
 {
     Run &run = *m_run;
     run.generation = m_generation;
-    // The copy is taken at once; turning it into the scanners' text goes on in slices.
-    run.bytes = m_text.bytes().toByteArray();
+    // The copy is taken by the first slice; turning it into the scanners' text goes
+    // on in slices.
+    run.bytes.clear();
     run.text.clear();
-    run.text.reserve(run.bytes.size());
     run.phase = Run::Phase::Fill;
     run.scan.reset();
     run.pieces.clear();
@@ -238,6 +238,10 @@ void DocumentColourer::step()
 void DocumentColourer::fillSlice()
 {
     Run &run = *m_run;
+    if (run.text.isEmpty() && run.bytes.isEmpty()) {
+        run.bytes = m_text.bytes().toByteArray();
+        run.text.reserve(run.bytes.size());
+    }
     const qsizetype from = run.text.size();
     const qsizetype count = std::min(FillChunk, run.bytes.size() - from);
     run.text.append(QLatin1StringView(run.bytes.constData() + from, count));

@@ -36,6 +36,10 @@ LineEnds lineEndsWithUsual(const QString &text, LineEnd usual);
 // as two characters, as the editor's public positions do. A text whose breaks are all
 // CR LF already comes back as it is (shared, not copied). For QString and QByteArray.
 template <typename Text> Text withCrLfBreaks(const Text &text);
+template <> QByteArray withCrLfBreaks(const QByteArray &text);
+// Gives 8-bit text CR LF breaks in place and tells the breaks it had, in one pass:
+// scanLineEnds and withCrLfBreaks at once.
+LineEnds toCrLfBreaks(QByteArray &text);
 
 // Decodes a file's bytes given in pieces, in order, as the editor holds its text:
 // every byte one character (8-bit text, Latin-1), every line break (CR LF, a lone LF,

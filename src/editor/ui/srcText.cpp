@@ -188,8 +188,7 @@ bool srcText::LoadFile(const QString &strFileName, int FileType)
         bytes = textfile::toBytes(withCrLfBreaks(rich.text));
         runs = std::move(rich.runs);
     } else {
-        lineEnds = scanLineEnds(QByteArrayView(bytes));
-        bytes = withCrLfBreaks(bytes);
+        lineEnds = toCrLfBreaks(bytes);
     }
     setDocumentBytes(bytes, &lineEnds);
     bytes.clear();
