@@ -162,7 +162,9 @@ int DocumentColourer::percentComplete() const
     };
     double done = 0;
     switch (run.phase) {
-    case Run::Phase::Fill: done = 0.05 * share(run.text.size(), run.bytes.size()); break;
+    case Run::Phase::Fill:
+        done = run.bytes.isEmpty() ? 0.0 : 0.05 * share(run.text.size(), run.bytes.size());
+        break;
     case Run::Phase::Scan:
         done = 0.05 + 0.50 * (run.scan ? run.scan->percentComplete() / 100.0 : 0.0);
         break;

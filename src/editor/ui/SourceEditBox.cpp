@@ -241,10 +241,10 @@ void SourceEditBox::keyPressEvent(QKeyEvent *event)
         m_owner->cutSelection();
         return;
     }
-    // A key with Ctrl that no command takes types nothing (Ctrl+A selects all).
+    // A key with Ctrl (and no Alt) types nothing; Ctrl+A selects all.
     const bool ctrl = (mods & Qt::ControlModifier) && !(mods & Qt::AltModifier);
-    if (ctrl && event->key() != Qt::Key_A && !event->text().isEmpty() &&
-        event->text().at(0).isPrint())
+    const bool selectAll = event->key() == Qt::Key_A && mods == Qt::ControlModifier;
+    if (ctrl && !selectAll && !event->text().isEmpty() && event->text().at(0).isPrint())
         return;
     QsciScintillaBase::keyPressEvent(event);
     settle();

@@ -1,6 +1,6 @@
-// A colouring run takes a copy of the text and turns it into the scanners' text over
-// several slices of the event loop: the copy must equal the text whatever its line
-// breaks, an edit or a cancel while the copy is turned must leave nothing half done,
+// A colouring run takes a copy of the text and scans it over several slices of the
+// event loop: the copy must equal the text whatever its line breaks, an edit or a
+// cancel while the run works from its copy must leave nothing half done,
 // and the styles at the end must be those of a run given the same text afresh.
 
 #include "editor/core/ColourScan.h"
@@ -39,7 +39,8 @@ struct Colouring
     }
 
     // Runs a full colouring; `during` is called at every turn of the event loop while
-    // the run still copies the text (the first 5 % of the run) until it returns true.
+    // the run works from its copy of the text (it has taken it and not yet styled
+    // anything: more than 0 % and less than 55 % done) until it returns true.
     bool run(const std::function<bool()> &during = {})
     {
         if (!colourer->start(false, true))
@@ -47,7 +48,8 @@ struct Colouring
         bool acted = !during;
         QDeadlineTimer deadline(240000);
         while (colourer->isRunning() && !deadline.hasExpired()) {
-            if (!acted && colourer->percentComplete() < 5)
+            const int done = colourer->percentComplete();
+            if (!acted && done > 0 && done < 55)
                 acted = during();
             QApplication::processEvents(); // one slice at a time
         }
@@ -103,11 +105,11 @@ private Q_SLOTS:
         QVERIFY(c.text.styles() == expected);
     }
 
-    void anEditDuringTheCopyStartsTheRunOver()
+    void anEditDuringTheScanStartsTheRunOver()
     {
         Colouring c(largeText(60000, "\r\n"));
         QVERIFY(c.run([&] {
-            // The user opens a comment at the top while the run copies the text.
+            // The user opens a comment at the top while the run scans its copy.
             c.text.insert(0, "/* ");
             c.colourer->noteChange(0, 0, 3);
             return true;
@@ -120,7 +122,7 @@ private Q_SLOTS:
         QVERIFY(c.text.styles() == fresh.text.styles());
     }
 
-    void aCancelDuringTheCopyEndsTheRun()
+    void aCancelDuringTheScanEndsTheRun()
     {
         Colouring c(largeText(60000, "\r\n"));
         QVERIFY(c.run([&] {
