@@ -45,7 +45,9 @@ public:
     int lineCount() const override { return int(m_starts.size()); }
     int lineOf(qsizetype position) const override
     {
-        return int(std::upper_bound(m_starts.begin(), m_starts.end(), position) - m_starts.begin()) - 1;
+        return int(std::upper_bound(m_starts.begin(), m_starts.end(), position) -
+                   m_starts.begin()) -
+               1;
     }
     qsizetype lineStart(int line) const override { return m_starts[std::size_t(line)]; }
     qsizetype lineEnd(int line) const override

@@ -148,7 +148,10 @@ void DocumentColourer::cancel()
         m_run->cancelRequested = true;
 }
 
-bool DocumentColourer::cancelPending() const { return m_run && m_run->cancelRequested; }
+bool DocumentColourer::cancelPending() const
+{
+    return m_run && m_run->cancelRequested;
+}
 
 int DocumentColourer::percentComplete() const
 {

@@ -19,7 +19,7 @@ QString lineEndText(LineEnd end);
 // and a lone CR each end one line.
 struct LineEnds
 {
-    std::vector<LineEnd> breaks; // one entry per line break, in text order
+    std::vector<LineEnd> breaks;   // one entry per line break, in text order
     LineEnd usual = LineEnd::CRLF; // the most frequent kind (CR LF when there is none)
     bool uniform = true;           // every break is of the usual kind
 };

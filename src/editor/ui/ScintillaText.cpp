@@ -4,22 +4,40 @@
 
 namespace tessaro {
 
-qsizetype ScintillaText::length() const { return m_box.length(); }
+qsizetype ScintillaText::length() const
+{
+    return m_box.length();
+}
 
-QByteArrayView ScintillaText::bytes() const { return m_box.bytes(); }
+QByteArrayView ScintillaText::bytes() const
+{
+    return m_box.bytes();
+}
 
 QByteArrayView ScintillaText::bytes(qsizetype from, qsizetype length) const
 {
     return m_box.range(from, length);
 }
 
-int ScintillaText::lineCount() const { return m_box.lineCount(); }
+int ScintillaText::lineCount() const
+{
+    return m_box.lineCount();
+}
 
-int ScintillaText::lineOf(qsizetype position) const { return m_box.lineOf(position); }
+int ScintillaText::lineOf(qsizetype position) const
+{
+    return m_box.lineOf(position);
+}
 
-qsizetype ScintillaText::lineStart(int line) const { return m_box.lineStart(line); }
+qsizetype ScintillaText::lineStart(int line) const
+{
+    return m_box.lineStart(line);
+}
 
-qsizetype ScintillaText::lineEnd(int line) const { return m_box.lineEnd(line); }
+qsizetype ScintillaText::lineEnd(int line) const
+{
+    return m_box.lineEnd(line);
+}
 
 int ScintillaText::lineState(int line) const
 {
@@ -51,13 +69,25 @@ void ScintillaText::replace(qsizetype from, QByteArrayView bytes)
     m_box.settle();
 }
 
-bool ScintillaText::canUndo() const { return m_box.send(SourceEditBox::SCI_CANUNDO) != 0; }
+bool ScintillaText::canUndo() const
+{
+    return m_box.send(SourceEditBox::SCI_CANUNDO) != 0;
+}
 
-bool ScintillaText::canRedo() const { return m_box.send(SourceEditBox::SCI_CANREDO) != 0; }
+bool ScintillaText::canRedo() const
+{
+    return m_box.send(SourceEditBox::SCI_CANREDO) != 0;
+}
 
-void ScintillaText::beginUndoStep() { m_box.send(SourceEditBox::SCI_BEGINUNDOACTION); }
+void ScintillaText::beginUndoStep()
+{
+    m_box.send(SourceEditBox::SCI_BEGINUNDOACTION);
+}
 
-void ScintillaText::endUndoStep() { m_box.send(SourceEditBox::SCI_ENDUNDOACTION); }
+void ScintillaText::endUndoStep()
+{
+    m_box.send(SourceEditBox::SCI_ENDUNDOACTION);
+}
 
 void ScintillaText::markRespellingStep()
 {
@@ -72,17 +102,24 @@ void ScintillaText::setUndoCollection(bool collect)
 bool ScintillaText::undoOrRedo(int message)
 {
     bool marked = false;
-    const auto watch = QObject::connect(&m_box, &SourceEditBox::undoMarkerPassed, [&marked](int token) {
-        marked = marked || token == SourceEditBox::RespellingMarker;
-    });
+    const auto watch =
+        QObject::connect(&m_box, &SourceEditBox::undoMarkerPassed, [&marked](int token) {
+            marked = marked || token == SourceEditBox::RespellingMarker;
+        });
     m_box.send(message);
     m_box.settle();
     QObject::disconnect(watch);
     return marked;
 }
 
-bool ScintillaText::undo() { return undoOrRedo(SourceEditBox::SCI_UNDO); }
+bool ScintillaText::undo()
+{
+    return undoOrRedo(SourceEditBox::SCI_UNDO);
+}
 
-bool ScintillaText::redo() { return undoOrRedo(SourceEditBox::SCI_REDO); }
+bool ScintillaText::redo()
+{
+    return undoOrRedo(SourceEditBox::SCI_REDO);
+}
 
 } // namespace tessaro

@@ -7,10 +7,10 @@
 #include <QAccessible>
 #include <QAccessibleWidget>
 #include <QContextMenuEvent>
-#include <QTimer>
 #include <QKeyEvent>
 #include <QMenu>
 #include <QMimeData>
+#include <QTimer>
 
 namespace tessaro {
 
@@ -130,7 +130,8 @@ QByteArrayView SourceEditBox::range(qsizetype from, qsizetype length) const
     length = std::clamp<qsizetype>(length, 0, this->length() - from);
     if (length == 0)
         return {};
-    const auto *data = reinterpret_cast<const char *>(send(SCI_GETRANGEPOINTER, ulong(from), long(length)));
+    const auto *data =
+        reinterpret_cast<const char *>(send(SCI_GETRANGEPOINTER, ulong(from), long(length)));
     return QByteArrayView(data, length);
 }
 
@@ -276,17 +277,17 @@ void SourceEditBox::contextMenuEvent(QContextMenuEvent *event)
     // keys.
     QMenu menu;
     const bool writable = !isReadOnly();
-    auto add = [&](const QString &text, const QString &name, const QKeySequence &keys,
-                   bool enabled, auto slot) {
+    auto add = [&](const QString &text, const QString &name, const QKeySequence &keys, bool enabled,
+                   auto slot) {
         QAction *action = menu.addAction(text, m_owner, slot);
         action->setObjectName(name);
         action->setShortcut(keys);
         action->setEnabled(enabled);
     };
-    add(tr("&Undo"), QStringLiteral("edit-undo"), QKeySequence::Undo,
-        writable && send(SCI_CANUNDO), &srcText::Undo);
-    add(tr("&Redo"), QStringLiteral("edit-redo"), QKeySequence::Redo,
-        writable && send(SCI_CANREDO), &srcText::Redo);
+    add(tr("&Undo"), QStringLiteral("edit-undo"), QKeySequence::Undo, writable && send(SCI_CANUNDO),
+        &srcText::Undo);
+    add(tr("&Redo"), QStringLiteral("edit-redo"), QKeySequence::Redo, writable && send(SCI_CANREDO),
+        &srcText::Redo);
     menu.addSeparator();
     add(tr("Cu&t"), QStringLiteral("edit-cut"), QKeySequence::Cut, writable && hasSelection(),
         &srcText::cutSelection);

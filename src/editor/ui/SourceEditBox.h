@@ -46,7 +46,10 @@ public:
     // Replaces the whole text without an undo step; the history is emptied.
     void setBytes(QByteArrayView text);
     // The bytes of [from, to).
-    QByteArray bytes(qsizetype from, qsizetype to) const { return range(from, to - from).toByteArray(); }
+    QByteArray bytes(qsizetype from, qsizetype to) const
+    {
+        return range(from, to - from).toByteArray();
+    }
     // A part of the text in place, valid until the next change. Only a part that holds
     // the gap Scintilla keeps at the last edit is moved to be read, where bytes()
     // moves the gap to the end of the text.
@@ -100,9 +103,9 @@ private:
         bool insertion = false;
         qsizetype position = 0;
         qsizetype length = 0;
-        int line = 0;       // the line of the edit's start
-        int lastLine = 0;   // a deletion's last line
-        int keptState = 0;  // the state whose break the edited line keeps
+        int line = 0;      // the line of the edit's start
+        int lastLine = 0;  // a deletion's last line
+        int keptState = 0; // the state whose break the edited line keeps
     };
     std::optional<PendingEdit> m_pending;
     bool m_settleQueued = false;

@@ -17,8 +17,8 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QMimeData>
-#include <QPainter>
 #include <QPagedPaintDevice>
+#include <QPainter>
 #include <QScrollBar>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -51,8 +51,7 @@ srcText::srcText(QWidget *parent) : QWidget(parent)
 
     m_colouring = std::make_unique<DocumentColourer>(*m_text, m_styles, m_tmrUpdate);
     connect(m_colouring.get(), &DocumentColourer::progressStart, this, &srcText::ProgressStart);
-    connect(m_colouring.get(), &DocumentColourer::progressChange, this,
-            &srcText::ProgressChange);
+    connect(m_colouring.get(), &DocumentColourer::progressChange, this, &srcText::ProgressChange);
     connect(m_colouring.get(), &DocumentColourer::progressComplete, this, [this] {
         m_tempSelStart = m_tempSelEnd = 0;
         Q_EMIT ProgressComplete();
@@ -265,7 +264,10 @@ QByteArray srcText::fileBytes() const
     return out;
 }
 
-QString srcText::fileText() const { return textfile::fromBytes(fileBytes()); }
+QString srcText::fileText() const
+{
+    return textfile::fromBytes(fileBytes());
+}
 
 void srcText::restoreText(const QString &text, LineEnd usual, const QString &strFileName)
 {
@@ -279,12 +281,18 @@ void srcText::restoreText(const QString &text, LineEnd usual, const QString &str
     m_saved = false;
 }
 
-QString srcText::FileTitle() const { return paths::filePart(m_fileName); }
+QString srcText::FileTitle() const
+{
+    return paths::filePart(m_fileName);
+}
 
 // ---- Text and positions -----------------------------------------------------------------
 
 // Every byte one character: the 8-bit text decoded as files are (Latin-1).
-QString srcText::Text() const { return QString::fromLatin1(m_rtfMain->bytes()); }
+QString srcText::Text() const
+{
+    return QString::fromLatin1(m_rtfMain->bytes());
+}
 
 void srcText::setText(const QString &New_Text)
 {
@@ -310,7 +318,10 @@ void srcText::select(qsizetype anchor, qsizetype caret)
     emitSelChangeIfMoved();
 }
 
-qsizetype srcText::SelStart() const { return m_rtfMain->selectionStart(); }
+qsizetype srcText::SelStart() const
+{
+    return m_rtfMain->selectionStart();
+}
 
 void srcText::setSelStart(qsizetype New_SelStart)
 {
@@ -331,7 +342,8 @@ void srcText::setSelLength(qsizetype New_SelLength)
 
 QString srcText::SelText() const
 {
-    return textfile::fromBytes(m_rtfMain->bytes(m_rtfMain->selectionStart(), m_rtfMain->selectionEnd()));
+    return textfile::fromBytes(
+        m_rtfMain->bytes(m_rtfMain->selectionStart(), m_rtfMain->selectionEnd()));
 }
 
 void srcText::setSelText(const QString &New_SelText)
@@ -370,17 +382,35 @@ void srcText::SetTempSelection(qsizetype lStart, qsizetype lEnd)
     }
 }
 
-qsizetype srcText::CharacterCount() const { return m_rtfMain->length(); }
+qsizetype srcText::CharacterCount() const
+{
+    return m_rtfMain->length();
+}
 
-qsizetype srcText::TempCharacterCount() const { return m_colouring->snapshot().size(); }
+qsizetype srcText::TempCharacterCount() const
+{
+    return m_colouring->snapshot().size();
+}
 
-SourceEditBox *srcText::RTFBox() const { return m_rtfMain; }
+SourceEditBox *srcText::RTFBox() const
+{
+    return m_rtfMain;
+}
 
-SourceEditBox *srcText::hWnd() const { return m_rtfMain; }
+SourceEditBox *srcText::hWnd() const
+{
+    return m_rtfMain;
+}
 
-int srcText::LineCount() const { return m_rtfMain->lineCount(); }
+int srcText::LineCount() const
+{
+    return m_rtfMain->lineCount();
+}
 
-int srcText::GetFirstLineVisible() const { return m_rtfMain->firstVisibleLine(); }
+int srcText::GetFirstLineVisible() const
+{
+    return m_rtfMain->firstVisibleLine();
+}
 
 int srcText::CurrentColumn() const
 {
@@ -388,7 +418,10 @@ int srcText::CurrentColumn() const
     return int(caret - m_rtfMain->lineStart(m_rtfMain->lineOf(caret)));
 }
 
-int srcText::CurrentLine() const { return m_rtfMain->lineOf(m_rtfMain->caret()); }
+int srcText::CurrentLine() const
+{
+    return m_rtfMain->lineOf(m_rtfMain->caret());
+}
 
 QPoint srcText::GetPosFromChar(qsizetype lChar) const
 {
@@ -405,18 +438,30 @@ qsizetype srcText::CharFromPos(int xPixels, int yPixels) const
 
 // ---- Pass-through properties ---------------------------------------------------------------
 
-bool srcText::Locked() const { return m_rtfMain->isReadOnly(); }
+bool srcText::Locked() const
+{
+    return m_rtfMain->isReadOnly();
+}
 
-void srcText::setLocked(bool New_Locked) { m_rtfMain->setReadOnly(New_Locked); }
+void srcText::setLocked(bool New_Locked)
+{
+    m_rtfMain->setReadOnly(New_Locked);
+}
 
-bool srcText::TabStop() const { return m_rtfMain->focusPolicy() == Qt::StrongFocus; }
+bool srcText::TabStop() const
+{
+    return m_rtfMain->focusPolicy() == Qt::StrongFocus;
+}
 
 void srcText::setTabStop(bool New_TabStop)
 {
     m_rtfMain->setFocusPolicy(New_TabStop ? Qt::StrongFocus : Qt::ClickFocus);
 }
 
-void srcText::setFontProperty(const QFont &New_Font) { setFont(New_Font); }
+void srcText::setFontProperty(const QFont &New_Font)
+{
+    setFont(New_Font);
+}
 
 void srcText::changeEvent(QEvent *event)
 {
@@ -439,7 +484,10 @@ void srcText::setBackColor(quint32 New_BackColor)
     applyBackground();
 }
 
-void srcText::applyBackground() { applyStyles(); }
+void srcText::applyBackground()
+{
+    applyStyles();
+}
 
 void srcText::applyTextFont()
 {
@@ -466,7 +514,8 @@ void srcText::applyStyles()
     auto setStyle = [&](int style, const QColor &fore) {
         m_rtfMain->SendScintilla(SourceEditBox::SCI_STYLESETFORE, ulong(style), fore);
         m_rtfMain->SendScintilla(SourceEditBox::SCI_STYLESETBACK, ulong(style), back);
-        m_rtfMain->SendScintilla(SourceEditBox::SCI_STYLESETFONT, uintptr_t(style), family.constData());
+        m_rtfMain->SendScintilla(SourceEditBox::SCI_STYLESETFONT, uintptr_t(style),
+                                 family.constData());
         m_rtfMain->send(SourceEditBox::SCI_STYLESETSIZEFRACTIONAL, ulong(style),
                         std::lround(points * 100));
         m_rtfMain->send(SourceEditBox::SCI_STYLESETWEIGHT, ulong(style), shown.weight());
@@ -478,7 +527,8 @@ void srcText::applyStyles()
     for (int style : m_styles.styles())
         setStyle(style, propertycolour::toColor(*m_styles.colourOf(style), pal));
     m_rtfMain->SendScintilla(SourceEditBox::SCI_SETCARETFORE, text);
-    m_rtfMain->SendScintilla(SourceEditBox::SCI_SETSELFORE, 1, pal.color(QPalette::HighlightedText));
+    m_rtfMain->SendScintilla(SourceEditBox::SCI_SETSELFORE, 1,
+                             pal.color(QPalette::HighlightedText));
     m_rtfMain->SendScintilla(SourceEditBox::SCI_SETSELBACK, 1, pal.color(QPalette::Highlight));
 }
 
@@ -517,7 +567,10 @@ void srcText::setIndentValue(int New_IndentValue)
 
 // ---- Clipboard and text operations ------------------------------------------------------------
 
-void srcText::Copy() { m_rtfMain->send(SourceEditBox::SCI_COPY); }
+void srcText::Copy()
+{
+    m_rtfMain->send(SourceEditBox::SCI_COPY);
+}
 
 void srcText::Paste()
 {
@@ -546,7 +599,10 @@ void srcText::cutSelection()
     emitSelChangeIfMoved();
 }
 
-void srcText::SelectAll() { select(0, m_rtfMain->length()); }
+void srcText::SelectAll()
+{
+    select(0, m_rtfMain->length());
+}
 
 void srcText::Clear()
 {
@@ -571,7 +627,10 @@ bool srcText::CanPaste() const
     return !m_rtfMain->isReadOnly() && data && data->hasText();
 }
 
-bool srcText::CanCopy() const { return m_rtfMain->hasSelection(); }
+bool srcText::CanCopy() const
+{
+    return m_rtfMain->hasSelection();
+}
 
 void srcText::Undo()
 {

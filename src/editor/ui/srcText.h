@@ -231,7 +231,10 @@ public:
     // Indent and Outdent use IndentValue blanks when true, one tab when false (the
     // default, matching the tab-indented sources of the game).
     bool IndentWithBlanks() const { return m_indentWithBlanks; }
-    void setIndentWithBlanks(bool New_IndentWithBlanks) { m_indentWithBlanks = New_IndentWithBlanks; }
+    void setIndentWithBlanks(bool New_IndentWithBlanks)
+    {
+        m_indentWithBlanks = New_IndentWithBlanks;
+    }
 
     Q_INVOKABLE void SaveCursorPos();
     Q_INVOKABLE void RestoreCursorPos();
@@ -245,7 +248,8 @@ public:
     Q_INVOKABLE void InsertBlock(const QString &strCode, bool bReplaceSelection = true,
                                  bool bIndent = true);
     Q_INVOKABLE QString GetIndent(const QString &strLine) const;
-    // Sets the background colour of the selection (a colour value: red + 256 * green + 65536 * blue).
+    // Sets the background colour of the selection (a colour value: red + 256 * green + 65536 *
+    // blue).
     Q_INVOKABLE void FontBackColour(quint32 oColor);
     // 0 no wrapping, 1 wrap at the window's width at word boundaries, 2 wrap at the
     // window's width anywhere (long words are broken too).

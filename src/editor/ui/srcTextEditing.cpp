@@ -19,7 +19,10 @@
 
 namespace tessaro {
 
-QString srcText::GetIndent(const QString &strLine) const { return blockedit::GetIndent(strLine); }
+QString srcText::GetIndent(const QString &strLine) const
+{
+    return blockedit::GetIndent(strLine);
+}
 
 QString srcText::indentUnit() const
 {
@@ -50,9 +53,15 @@ void srcText::UncommentBlock()
         rewriteBlock(marker, false);
 }
 
-void srcText::Indent() { rewriteBlock(indentUnit(), true); }
+void srcText::Indent()
+{
+    rewriteBlock(indentUnit(), true);
+}
 
-void srcText::Outdent() { rewriteBlock(indentUnit(), false); }
+void srcText::Outdent()
+{
+    rewriteBlock(indentUnit(), false);
+}
 
 QString srcText::lineText(int line) const
 {
@@ -123,7 +132,8 @@ void srcText::InsertBlock(const QString &strCode, bool bReplaceSelection, bool b
     const qsizetype anchor = m_rtfMain->anchor();
     const qsizetype caret = m_rtfMain->caret();
     const qsizetype at = m_rtfMain->selectionStart();
-    const QString indent = bIndent ? blockedit::GetIndent(lineText(m_rtfMain->lineOf(at))) : QString();
+    const QString indent =
+        bIndent ? blockedit::GetIndent(lineText(m_rtfMain->lineOf(at))) : QString();
     QString code = strCode;
     code.replace(QLatin1String("\r\n"), QLatin1String("\n")).replace(u'\r', u'\n');
     if (!indent.isEmpty())
@@ -163,7 +173,8 @@ void srcText::FontBackColour(quint32 oColor)
         else
             known = m_backColours.insert(m_backColours.end(), value);
         const int indicator = FirstIndicator + int(known - m_backColours.begin());
-        m_rtfMain->send(SourceEditBox::SCI_INDICSETSTYLE, indicator, SourceEditBox::INDIC_STRAIGHTBOX);
+        m_rtfMain->send(SourceEditBox::SCI_INDICSETSTYLE, indicator,
+                        SourceEditBox::INDIC_STRAIGHTBOX);
         m_rtfMain->SendScintilla(SourceEditBox::SCI_INDICSETFORE, ulong(indicator), colour);
         m_rtfMain->send(SourceEditBox::SCI_INDICSETALPHA, indicator, 255);
         m_rtfMain->send(SourceEditBox::SCI_INDICSETOUTLINEALPHA, indicator, 255);
@@ -213,7 +224,10 @@ void srcText::Mark()
         m_rtfMain->send(SourceEditBox::SCI_MARKERADD, line, MarkMarker);
 }
 
-void srcText::ClearMarks() { m_rtfMain->send(SourceEditBox::SCI_MARKERDELETEALL, MarkMarker); }
+void srcText::ClearMarks()
+{
+    m_rtfMain->send(SourceEditBox::SCI_MARKERDELETEALL, MarkMarker);
+}
 
 QList<int> srcText::MarkedLines() const
 {

@@ -66,7 +66,10 @@ void srcText::styleRuns(qsizetype from, qsizetype length, const std::vector<RtfC
     m_text->setStyles(from, styles);
 }
 
-QString srcText::TextRTF() const { return writeRtf(Text(), colourRuns(0, m_rtfMain->length())); }
+QString srcText::TextRTF() const
+{
+    return writeRtf(Text(), colourRuns(0, m_rtfMain->length()));
+}
 
 void srcText::setTextRTF(const QString &New_TextRTF)
 {

@@ -80,7 +80,8 @@ private Q_SLOTS:
         QTest::newRow("one line") << QByteArray("int x; /* c */");
         QTest::newRow("empty lines") << QByteArray("\r\n\r\nint\r\n");
         QTest::newRow("comment over lines") << QByteArray("int a; /* c\r\n b */ while\r\nint");
-        QTest::newRow("no-break space kept") << QByteArray("int\xa0" "a;/* x */\r\n");
+        QTest::newRow("no-break space kept") << QByteArray("int\xa0"
+                                                           "a;/* x */\r\n");
         QTest::newRow("many slices") << largeText(40000, "\r\n");
         QTest::newRow("one line longer than a slice")
             << QByteArray(3 * 1024 * 1024, 'x') + "\r\nint /* c */";

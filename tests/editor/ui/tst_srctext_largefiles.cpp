@@ -6,18 +6,18 @@
 #include "editor/core/ColourScan.h"
 #include "editor/core/DocumentColourer.h"
 #include "editor/core/ModeWordLists.h"
+#include "editor/core/StyleTable.h"
 #include "editor/ui/srcText.h"
 #include "platform/core/AppInfo.h"
 #include "platform/core/TextFile.h"
-#include "editor/core/StyleTable.h"
 #include "support/MemoryStyledText.h"
 #include "support/TestSupport.h"
 
 #include <QApplication>
+#include <QDeadlineTimer>
 #include <QScrollBar>
 #include <QTemporaryDir>
 #include <QTest>
-#include <QDeadlineTimer>
 #include <QTimer>
 
 #include <memory>

@@ -18,8 +18,8 @@ QByteArray cSource(int lines, const char *lineBreak)
 {
     QByteArray out;
     for (int i = 0; i < lines; ++i) {
-        out += "int value" + QByteArray::number(i) + " = " + QByteArray::number(i) +
-               "; /* a comment";
+        out +=
+            "int value" + QByteArray::number(i) + " = " + QByteArray::number(i) + "; /* a comment";
         out += lineBreak;
         out += "   going on */ // while return" + QByteArray(lineBreak);
     }

@@ -15,12 +15,12 @@
 #include "workspace/ui/DocumentRecovery.h"
 #include "workspace/ui/frmDocument.h"
 #include "workspace/ui/frmRecover.h"
+#include "editor/ui/SourceEditBox.h"
 
 #include <QAction>
 #include <QListWidget>
 #include <QMdiArea>
 #include <QMdiSubWindow>
-#include "editor/ui/SourceEditBox.h"
 #include <QPushButton>
 #include <QTemporaryDir>
 

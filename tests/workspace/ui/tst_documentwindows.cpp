@@ -11,6 +11,7 @@
 #include "support/TestSupport.h"
 #include "workspace/ui/DocumentCommands.h"
 #include "workspace/ui/frmDocument.h"
+#include "editor/ui/SourceEditBox.h"
 
 #include <QAction>
 #include <QFileDialog>
@@ -18,7 +19,6 @@
 #include <QFontDatabase>
 #include <QMdiArea>
 #include <QMdiSubWindow>
-#include "editor/ui/SourceEditBox.h"
 #include <QTemporaryDir>
 #include <QTextBlock>
 
