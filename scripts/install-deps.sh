@@ -6,7 +6,8 @@ set -e
 # appstream and man-db are used by the install and package test; xdotool types into the
 # real program in the recovery process test. python3-markdown turns the manual's pages into
 # HTML at build time (a small library, where pandoc would bring a large toolchain).
-packages="cmake ninja-build g++ qt6-base-dev qt6-base-dev-tools libgl-dev xvfb xauth xdotool fonts-dejavu-core
+# libqscintilla2-qt6-dev is the editor box (Scintilla for Qt 6).
+packages="cmake ninja-build g++ qt6-base-dev qt6-base-dev-tools libgl-dev libqscintilla2-qt6-dev xvfb xauth xdotool fonts-dejavu-core
           universal-ctags
           librsvg2-bin dpkg-dev desktop-file-utils appstream man-db python3-markdown"
 missing=""

@@ -3,15 +3,14 @@
 //   2. LoadFile of a 10 MiB file until it is fully coloured, and the longest time the
 //      event loop waited meanwhile;
 //   3. 200 keystrokes in the coloured 1 MiB file, each re-coloured and painted;
-//   4. the process's memory with the 10 MiB file loaded and coloured, and the time of
-//      each step of resizing its window;
+//   4. the process's memory with the 10 MiB file loaded and coloured, 200 keystrokes
+//      in it, and the time of each step of resizing its window;
 //   5. undo memory and time: "/*" typed and deleted at the top of a 2 MiB C file
 //      without block comments (each toggle re-colours the whole file), six toggles,
 //      then six Undos.
-// Usage: bench_srctext <1 MiB file> <10 MiB file>   (see srctext-bench.sh; the
-// environment variable TESSARO_BENCH_LOAD_PIECE sets LoadFile's piece size)
+// Usage: bench_srctext <1 MiB file> <10 MiB file>   (see srctext-bench.sh)
 
-#include "editor/core/ColouredLines.h"
+#include "editor/ui/SourceEditBox.h"
 #include "editor/ui/srcText.h"
 
 #include <QApplication>
@@ -19,9 +18,6 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QKeyEvent>
-#include <QPlainTextEdit>
-#include <QTextBlock>
-#include <QTextStream>
 #include <QTimer>
 
 #include <algorithm>
@@ -107,16 +103,18 @@ double residentMiB()
 // The colour of the "int" on the file's last line.
 QColor lastLineColour(srcText &code)
 {
-    const QTextBlock block = code.RTFBox()->document()->lastBlock().previous();
-    return ColouredLines::shownColour(block, 1, QColor(0, 0, 0));
+    const SourceEditBox *box = code.RTFBox();
+    const qsizetype at = box->lineStart(box->lineCount() - 2) + 1;
+    const long value = box->send(SourceEditBox::SCI_STYLEGETFORE,
+                                 ulong(box->send(SourceEditBox::SCI_GETSTYLEAT, ulong(at))));
+    return QColor(int(value & 0xff), int((value >> 8) & 0xff), int((value >> 16) & 0xff));
 }
 
 // Serves the event loop until nothing is left to colour (the cascade of a comment
 // opened or closed goes on from the event loop).
 void settleColours(srcText &code)
 {
-    const bool comment =
-        code.RTFBox()->document()->firstBlock().text().startsWith(QLatin1String("/*"));
+    const bool comment = code.RTFBox()->bytes().startsWith("/*");
     const QColor want = comment ? QColor(0, 128, 0) : QColor(0, 0, 127);
     do {
         QApplication::processEvents(QEventLoop::AllEvents, 50);
@@ -149,7 +147,7 @@ void undoMemoryAndTime()
     settle();
     code.LoadFile(path, 1);
     settleColours(code);
-    QPlainTextEdit *box = code.RTFBox();
+    SourceEditBox *box = code.RTFBox();
     const double before = residentMiB();
     std::vector<double> toggles;
     for (int i = 0; i < 6; ++i) {
@@ -185,6 +183,33 @@ void undoMemoryAndTime()
     QFile::remove(path);
 }
 
+// 200 keystrokes in the middle of a coloured text, each re-coloured and painted.
+void keystrokes(srcText &code, const char *what)
+{
+    SourceEditBox *box = code.RTFBox();
+    code.SetSelection(code.CharacterCount() / 2, code.CharacterCount() / 2);
+    box->send(SourceEditBox::SCI_SCROLLCARET);
+    QApplication::processEvents();
+    const QString keys = QStringLiteral("int x; /* note */ y = 2;\n");
+    std::vector<double> times;
+    for (int i = 0; i < 200; ++i) {
+        const QChar c = keys.at(i % keys.size());
+        QElapsedTimer clock;
+        clock.start();
+        if (c == u'\n')
+            typeKey(box, Qt::Key_Return, QStringLiteral("\r"));
+        else
+            typeKey(box, Qt::Key(c.toUpper().unicode()), QString(c));
+        box->viewport()->repaint();
+        times.push_back(ms(clock.nsecsElapsed()));
+        QApplication::processEvents();
+    }
+    std::sort(times.begin(), times.end());
+    std::printf("keystroke in coloured %s, re-coloured and painted (200 keys): "
+                "median %.2f ms, worst %.2f ms\n",
+                what, times[times.size() / 2], times.back());
+}
+
 } // namespace
 
 int main(int argc, char **argv)
@@ -194,11 +219,6 @@ int main(int argc, char **argv)
         std::fprintf(stderr, "usage: %s <1 MiB C file> <10 MiB C file>\n", argv[0]);
         return 2;
     }
-    // TESSARO_BENCH_LOAD_PIECE sets the piece size (characters) LoadFile puts a large
-    // text in with; a size over the file's loads it with one call, without serving events.
-    const qsizetype piece = qEnvironmentVariableIntValue("TESSARO_BENCH_LOAD_PIECE");
-    if (piece > 0)
-        srcText::setLoadPieceSize(piece);
     const QString small = QString::fromLocal8Bit(argv[1]);
     const QString large = QString::fromLocal8Bit(argv[2]);
 
@@ -213,22 +233,6 @@ int main(int argc, char **argv)
                 "of the median: text in %.1f ms, coloured at %.1f ms\n",
                 median.painted, loads.front().painted, loads.back().painted, median.loaded,
                 median.coloured);
-    {
-        QPlainTextEdit plain;
-        plain.resize(1000, 800);
-        plain.show();
-        settle();
-        QFile f(small);
-        f.open(QIODevice::ReadOnly);
-        const QString text = QString::fromLatin1(f.readAll());
-        QElapsedTimer clock;
-        clock.start();
-        plain.setPlainText(text);
-        plain.viewport()->repaint();
-        std::printf("for comparison, a bare QPlainTextEdit: text in and painted %.1f ms\n",
-                    ms(clock.nsecsElapsed()));
-    }
-
     // 3. Keystrokes in the coloured 1 MiB file.
     {
         srcText code;
@@ -236,28 +240,7 @@ int main(int argc, char **argv)
         code.show();
         code.LoadFile(small, 1);
         waitForColouring(code);
-        QPlainTextEdit *box = code.RTFBox();
-        code.SetSelection(code.CharacterCount() / 2, code.CharacterCount() / 2);
-        box->ensureCursorVisible();
-        QApplication::processEvents();
-        const QString keys = QStringLiteral("int x; /* note */ y = 2;\n");
-        std::vector<double> times;
-        for (int i = 0; i < 200; ++i) {
-            const QChar c = keys.at(i % keys.size());
-            QElapsedTimer clock;
-            clock.start();
-            if (c == u'\n')
-                typeKey(box, Qt::Key_Return, QStringLiteral("\r"));
-            else
-                typeKey(box, Qt::Key(c.toUpper().unicode()), QString(c));
-            box->viewport()->repaint();
-            times.push_back(ms(clock.nsecsElapsed()));
-            QApplication::processEvents();
-        }
-        std::sort(times.begin(), times.end());
-        std::printf("keystroke in coloured 1 MiB, re-coloured and painted (200 keys): "
-                    "median %.2f ms, worst %.2f ms\n",
-                    times[times.size() / 2], times.back());
+        keystrokes(code, "1 MiB");
     }
 
     // 5. Undo memory and time of colour changes.
@@ -270,8 +253,8 @@ int main(int argc, char **argv)
         code.show();
         settle();
         const QString rssBefore = statusField("VmRSS");
-        // The longest wait of a zero timer from the start of LoadFile (which serves
-        // the event loop while a large text goes in) to the end of the colouring run.
+        // The longest wait of a zero timer from the start of LoadFile to the end of the
+        // colouring run.
         QElapsedTimer gap;
         qint64 longest = 0;
         QTimer ticker;
@@ -300,6 +283,7 @@ int main(int argc, char **argv)
         std::printf("10 MiB memory: resident %s (before loading %s), peak %s\n",
                     qPrintable(statusField("VmRSS")), qPrintable(rssBefore),
                     qPrintable(statusField("VmHWM")));
+        keystrokes(code, "10 MiB");
         // Resizing: each step is the new size laid out and painted.
         std::vector<double> steps;
         for (int i = 1; i <= 8; ++i) {

@@ -1,12 +1,10 @@
 #include "editor/core/DocumentColourer.h"
 
-#include "editor/core/EditorPositions.h"
+#include "editor/core/StyleTable.h"
+#include "editor/core/StyledText.h"
 
 #include <QCursor>
 #include <QGuiApplication>
-#include <QTextBlock>
-#include <QTextCursor>
-#include <QTextDocument>
 #include <QTimer>
 
 #include <algorithm>
@@ -18,10 +16,8 @@ namespace {
 // A slice of a full run stops once it has worked this long, leaving time for the
 // events waiting behind it.
 constexpr qint64 SliceBudgetMs = 8;
-// The snapshot is copied into the hidden document in pieces of this many characters.
-constexpr qsizetype FillChunk = 128 * 1024;
-// Scan results are turned into document positions this many at a time.
-constexpr std::size_t ConvertChunk = 16 * 1024;
+// The snapshot is turned into the scanners' text in pieces of this many bytes.
+constexpr qsizetype FillChunk = 1024 * 1024;
 // The typing path colours at most this long at once; longer cascades go on later.
 constexpr qint64 TypingBudgetMs = 8;
 
@@ -29,39 +25,30 @@ constexpr qint64 TypingBudgetMs = 8;
 
 struct DocumentColourer::Run
 {
-    enum class Phase { Fill, Scan, Convert, Apply };
+    enum class Phase { Fill, Scan, Apply };
     Phase phase = Phase::Fill;
     bool html = false;
     bool silent = false;
     bool cancelRequested = false;
-    quint64 generation = 0;
-    QString raw;      // the document's text as taken, one character per line break
-    QString snapshot; // the same text with CR LF line breaks, as the scanners read it
-    CrLfLines lines;
-    qsizetype filled = 0;
-    std::unique_ptr<ColourScan> scan;
-    std::vector<ColourStretch> stretches;
-    std::size_t converted = 0;
-    qsizetype lineHint = 0;
     bool respell = true;
+    quint64 generation = 0;
+    QByteArray bytes; // the text as taken
+    QString text;     // the same text as the scanners read it
+    std::unique_ptr<ColourScan> scan;
     std::vector<Piece> pieces;
     std::size_t nextPiece = 0;
-    int nextBlock = 0;
+    int nextLine = 0;
 };
 
-DocumentColourer::DocumentColourer(QTextDocument *document, QTextDocument *snapshot,
-                                   QTimer *progressTimer, QObject *parent)
-    : QObject(parent), m_doc(document), m_snapshot(snapshot), m_progressTimer(progressTimer),
-      m_respellings(document)
+DocumentColourer::DocumentColourer(StyledText &text, StyleTable &styles, QTimer *progressTimer,
+                                   QObject *parent)
+    : QObject(parent), m_text(text), m_styles(styles), m_progressTimer(progressTimer)
 {
-    setColours({QColor(0, 128, 0), QColor(0, 0, 127), QColor(0, 0, 0)});
-    m_snapshot->setUndoRedoEnabled(false);
+    setColours({colour::comment, colour::keyword});
     // Each slice of a run is started from the event loop by this timer.
     m_sliceTimer.setSingleShot(true);
     m_sliceTimer.setInterval(0);
     connect(&m_sliceTimer, &QTimer::timeout, this, &DocumentColourer::step);
-    connect(m_doc, &QTextDocument::undoCommandAdded, this,
-            [this] { m_respellings.commandAdded(); });
     connect(m_progressTimer, &QTimer::timeout, this, [this] {
         if (m_run)
             Q_EMIT progressChange(percentComplete());
@@ -96,17 +83,28 @@ bool DocumentColourer::cLike() const
 
 void DocumentColourer::setColours(const Colours &colours)
 {
-    m_colours = colours;
-    m_commentFormat = QTextCharFormat();
-    m_commentFormat.setForeground(colours.comment);
-    m_keywordFormat = QTextCharFormat();
-    m_keywordFormat.setForeground(colours.keyword);
+    m_commentStyle = char(m_styles.styleFor(colours.comment));
+    m_keywordStyle = char(m_styles.styleFor(colours.keyword));
 }
 
-bool DocumentColourer::lineStartsInComment(const QTextBlock &block) const
+bool DocumentColourer::lineStartsInComment(int line) const
 {
-    const QTextBlock previous = block.previous();
-    return cLike() && previous.isValid() && ColouredLines::endsInComment(previous);
+    return cLike() && line > 0 && (m_text.lineState(line - 1) & linestate::CommentOpen);
+}
+
+void DocumentColourer::setCommentState(int line, bool inComment)
+{
+    const int old = m_text.lineState(line);
+    const int state = (old & linestate::LineEndMask) | linestate::Known |
+                      (inComment ? linestate::CommentOpen : 0);
+    if (state != old)
+        m_text.setLineState(line, state);
+}
+
+QString DocumentColourer::lineText(int line) const
+{
+    const qsizetype from = m_text.lineStart(line);
+    return QString::fromLatin1(m_text.bytes(from, m_text.lineEnd(line) - from));
 }
 
 // ---- Full run ---------------------------------------------------------------------
@@ -159,23 +157,21 @@ int DocumentColourer::percentComplete() const
 {
     if (!m_run)
         return 0;
-    // Each phase counts for a fixed share of the run: copying the text 5 %, scanning
-    // 45 %, placing the stretches 10 %, colouring the lines 40 %. A run still under
-    // way never shows 100.
+    // Each phase counts for a fixed share of the run: reading the snapshot 5 %,
+    // scanning 50 %, styling the lines 45 %. A run still under way never shows 100.
     const Run &run = *m_run;
     auto share = [](qint64 done, qint64 total) {
         return total > 0 ? double(std::min(done, total)) / double(total) : 1.0;
     };
     double done = 0;
     switch (run.phase) {
-    case Run::Phase::Fill: done = 0.05 * share(run.filled, run.raw.size()); break;
+    case Run::Phase::Fill:
+        done = run.bytes.isEmpty() ? 0.0 : 0.05 * share(run.text.size(), run.bytes.size());
+        break;
     case Run::Phase::Scan:
-        done = 0.05 + 0.45 * (run.scan ? run.scan->percentComplete() / 100.0 : 0.0);
+        done = 0.05 + 0.50 * (run.scan ? run.scan->percentComplete() / 100.0 : 0.0);
         break;
-    case Run::Phase::Convert:
-        done = 0.50 + 0.10 * share(qint64(run.converted), qint64(run.stretches.size()));
-        break;
-    case Run::Phase::Apply: done = 0.60 + 0.40 * share(run.nextBlock, m_doc->blockCount()); break;
+    case Run::Phase::Apply: done = 0.55 + 0.45 * share(run.nextLine, m_text.lineCount()); break;
     }
     return std::min(99, int(done * 100));
 }
@@ -184,34 +180,15 @@ void DocumentColourer::beginSnapshot()
 {
     Run &run = *m_run;
     run.generation = m_generation;
-    // The copy is taken at once; turning it into CR LF text goes on in slices.
-    run.raw = m_doc->toRawText();
-    run.snapshot.clear();
-    run.snapshot.reserve(run.raw.size() + run.raw.size() / 16);
-    run.lines = CrLfLines();
+    // The copy is taken by the first slice; turning it into the scanners' text goes
+    // on in slices.
+    run.bytes.clear();
+    run.text.clear();
     run.phase = Run::Phase::Fill;
-    run.filled = 0;
     run.scan.reset();
-    run.stretches.clear();
-    run.converted = 0;
-    run.lineHint = 0;
     run.pieces.clear();
     run.nextPiece = 0;
-    run.nextBlock = 0;
-}
-
-QTextDocument *DocumentColourer::snapshotDocument()
-{
-    if (m_snapshotStale) {
-        m_snapshotStale = false;
-        m_snapshot->clear();
-        QTextCursor cursor(m_snapshot);
-        cursor.beginEditBlock();
-        cursor.insertText(m_snapshotText);
-        cursor.endEditBlock();
-        m_snapshotText.clear();
-    }
-    return m_snapshot;
+    run.nextLine = 0;
 }
 
 void DocumentColourer::step()
@@ -239,14 +216,21 @@ void DocumentColourer::step()
             const auto left =
                 std::chrono::milliseconds(std::max<qint64>(1, SliceBudgetMs - clock.elapsed()));
             if (run.scan->runSlice(left)) {
-                run.stretches = run.scan->takeStretches();
+                std::vector<ColourStretch> stretches = run.scan->takeStretches();
                 run.scan.reset();
-                run.pieces.reserve(run.stretches.size());
-                run.phase = Run::Phase::Convert;
+                run.pieces.reserve(stretches.size());
+                for (ColourStretch &s : stretches)
+                    if (s.length > 0)
+                        run.pieces.push_back(
+                            {s.start, s.start + s.length, s.kind, std::move(s.spelling)});
+                // Stretches come in scan order; a word that ran around a comment or a
+                // string comes after it and is moved back to its place.
+                std::stable_sort(run.pieces.begin(), run.pieces.end(),
+                                 [](const Piece &a, const Piece &b) { return a.start < b.start; });
+                run.phase = Run::Phase::Apply;
             }
             break;
         }
-        case Run::Phase::Convert: convertSlice(); break;
         case Run::Phase::Apply: done = applySlice(clock); break;
         }
     }
@@ -259,82 +243,50 @@ void DocumentColourer::step()
 void DocumentColourer::fillSlice()
 {
     Run &run = *m_run;
-    const qsizetype end = std::min(run.filled + FillChunk, run.raw.size());
-    const QChar *p = run.raw.constData();
-    qsizetype runStart = run.filled;
-    for (qsizetype i = run.filled; i < end; ++i) {
-        if (p[i] == QChar::ParagraphSeparator) {
-            run.snapshot.append(p + runStart, i - runStart);
-            run.snapshot.append(QLatin1String("\r\n"));
-            run.lines.addLineStart(run.snapshot.size());
-            runStart = i + 1;
-        }
+    if (run.text.isEmpty() && run.bytes.isEmpty()) {
+        run.bytes = m_text.bytes().toByteArray();
+        run.text.reserve(run.bytes.size());
     }
-    run.snapshot.append(p + runStart, end - runStart);
-    run.lines.setLength(run.snapshot.size());
-    run.filled = end;
-    if (run.filled >= run.raw.size()) {
-        // rtfTemp is filled from this copy when it is first read: filling it costs as
-        // much as loading the text, and nothing needs it for colouring.
-        m_snapshotText = run.raw;
-        m_snapshotStale = true;
-        run.raw.clear();
-        ScanRequest request = m_request;
-        request.text = run.snapshot;
-        request.html = run.html;
-        run.scan = std::make_unique<ColourScan>(std::move(request));
-        run.phase = Run::Phase::Scan;
-    }
-}
-
-void DocumentColourer::convertSlice()
-{
-    Run &run = *m_run;
-    const std::size_t end = std::min(run.converted + ConvertChunk, run.stretches.size());
-    for (std::size_t i = run.converted; i < end; ++i) {
-        ColourStretch &s = run.stretches[i];
-        const int from = int(run.lines.toDocument(s.start, run.lineHint));
-        const int to = int(run.lines.toDocument(s.start + s.length, run.lineHint));
-        if (to <= from)
-            continue;
-        // Stretches come in scan order; a word that ran around a comment or a string
-        // comes after it and is moved back to its place.
-        auto at = run.pieces.end();
-        while (at != run.pieces.begin() && (at - 1)->start > from)
-            --at;
-        run.pieces.insert(at, {from, to, s.kind, std::move(s.spelling)});
-    }
-    run.converted = end;
-    if (run.converted >= run.stretches.size()) {
-        run.stretches.clear();
-        run.stretches.shrink_to_fit();
-        run.phase = Run::Phase::Apply;
-    }
+    const qsizetype from = run.text.size();
+    const qsizetype count = std::min(FillChunk, run.bytes.size() - from);
+    run.text.append(QLatin1StringView(run.bytes.constData() + from, count));
+    if (run.text.size() < run.bytes.size())
+        return;
+    m_snapshot = run.bytes;
+    ScanRequest request = m_request;
+    request.text = std::move(run.text);
+    request.html = run.html;
+    run.text = QString();
+    run.scan = std::make_unique<ColourScan>(std::move(request));
+    run.phase = Run::Phase::Scan;
 }
 
 bool DocumentColourer::applySlice(const QElapsedTimer &clock)
 {
     Run &run = *m_run;
-    ColouredLines lines(m_doc);
+    const int lineCount = m_text.lineCount();
+    const int first = run.nextLine;
     Spellings spellings;
-    QTextBlock block = m_doc->findBlockByNumber(run.nextBlock);
-    int count = 0;
-    while (block.isValid()) {
+    QByteArray styles;
+    std::vector<bool> inComment;
+    int line = first;
+    while (line < lineCount) {
         if (run.respell)
-            collectSpellings(block, run.pieces, run.nextPiece, spellings, -1);
-        bool inComment = false;
-        const ColouredLines::Ranges ranges =
-            lineRanges(block, run.pieces, run.nextPiece, &inComment);
-        lines.setColours(block, ranges);
-        ColouredLines::setEndsInComment(block, inComment);
-        block = block.next();
-        if ((++count & 15) == 0 && clock.elapsed() >= SliceBudgetMs)
+            collectSpellings(line, run.pieces, run.nextPiece, spellings, -1);
+        bool endsInComment = false;
+        lineStyles(line, run.pieces, run.nextPiece, styles, &endsInComment);
+        inComment.push_back(endsInComment);
+        ++line;
+        if ((line & 15) == 0 && clock.elapsed() >= SliceBudgetMs)
             break;
     }
-    run.nextBlock = block.isValid() ? block.blockNumber() : m_doc->blockCount();
-    lines.finish();
+    run.nextLine = line;
+    // Respelled words keep their length; their styles are set after them.
     writeSpellings(spellings);
-    return !block.isValid();
+    m_text.setStyles(m_text.lineStart(first), styles);
+    for (int i = first; i < line; ++i)
+        setCommentState(i, inComment[std::size_t(i - first)]);
+    return line >= lineCount;
 }
 
 void DocumentColourer::finish()
@@ -356,34 +308,23 @@ bool DocumentColourer::hasWaitingLines() const
     return m_dirtyFirst >= 0 && modeColours(m_request.mode, m_request.mode == mode::Html);
 }
 
-void DocumentColourer::noteChange(int from, int removed, int added)
+void DocumentColourer::noteChange(qsizetype position, qsizetype removed, qsizetype added)
 {
+    Q_UNUSED(removed);
     ++m_generation;
-    QTextBlock block = m_doc->findBlock(from);
-    if (!block.isValid())
-        return;
-    if (removed != added && ColouredLines::hasColours(block)) {
-        // Until the line is coloured again (at once, in a mode that colours), its
-        // colours stay with the characters they belong to. A change that keeps the
-        // length (a new format, a word respelled) leaves them where they are.
-        ColouredLines lines(m_doc);
-        lines.setColours(block, ColouredLines::shifted(ColouredLines::colours(block),
-                                                       from - block.position(), removed, added));
-    }
-    const int first = block.blockNumber();
-    QTextBlock lastBlock = m_doc->findBlock(from + added);
-    const int last = lastBlock.isValid() ? lastBlock.blockNumber() : m_doc->blockCount() - 1;
+    const int first = m_text.lineOf(position);
+    const int last = m_text.lineOf(position + added);
     m_dirtyFirst = m_dirtyFirst < 0 ? first : std::min(m_dirtyFirst, first);
     m_dirtyLast = std::max(m_dirtyLast, std::max(first, last));
     m_dirtyFromUndo = m_dirtyFromUndo || m_undoing;
 }
 
-void DocumentColourer::flush(int caretPosition)
+void DocumentColourer::flush(qsizetype caretPosition)
 {
     if (m_dirtyFirst < 0)
         return;
     const int first = m_dirtyFirst;
-    const int last = std::min(m_dirtyLast, m_doc->blockCount() - 1);
+    const int last = std::min(m_dirtyLast, m_text.lineCount() - 1);
     const bool respell = !m_dirtyFromUndo;
     m_dirtyFirst = m_dirtyLast = -1;
     m_dirtyFromUndo = false;
@@ -396,118 +337,110 @@ void DocumentColourer::flush(int caretPosition)
     colourLines(first, last, caretPosition, respell);
 }
 
-void DocumentColourer::colourLines(int firstBlock, int lastBlock, int caretPosition, bool respell)
+void DocumentColourer::colourLines(int firstLine, int lastLine, qsizetype caretPosition,
+                                   bool respell)
 {
     QElapsedTimer clock;
     clock.start();
-    ColouredLines lines(m_doc);
+    const int lineCount = m_text.lineCount();
+    const int first = std::max(0, firstLine);
     Spellings spellings;
-    QTextBlock block = m_doc->findBlockByNumber(std::max(0, firstBlock));
-    bool inComment = block.isValid() && lineStartsInComment(block);
+    QByteArray styles;
+    std::vector<bool> inComment;
+    bool startsInComment = first < lineCount && lineStartsInComment(first);
     ScanRequest request = m_request;
     request.html = m_request.mode == mode::Html;
     request.ignoreVBHeader = false;
     std::vector<Piece> pieces;
-    while (block.isValid()) {
-        const QString prefix = inComment ? QStringLiteral("/*") : QString();
-        const QString text = block.text();
+    int line = first;
+    while (line < lineCount) {
+        const QString prefix = startsInComment ? QStringLiteral("/*") : QString();
+        const qsizetype b0 = m_text.lineStart(line);
         // Every line but the last ends in a line break, as in a full run.
-        request.text = prefix + text;
-        if (block.next().isValid())
+        request.text = prefix + lineText(line);
+        if (line + 1 < lineCount)
             request.text += QStringLiteral("\r\n");
-        const std::vector<ColourStretch> stretches = scanText(request);
-        const int b0 = block.position();
-        const int sepEnd = b0 + int(text.size()) + 1;
         pieces.clear();
-        for (const ColourStretch &s : stretches) {
-            const int from = std::max(b0, b0 + int(s.start - prefix.size()));
-            const int to = std::min(sepEnd, b0 + int(s.start + s.length - prefix.size()));
+        for (ColourStretch &s : scanText(request)) {
+            const qsizetype from = std::max(b0, b0 + s.start - prefix.size());
+            const qsizetype to = b0 + s.start + s.length - prefix.size();
             if (to > from)
-                pieces.push_back({from, to, s.kind, s.spelling});
+                pieces.push_back({from, to, s.kind, std::move(s.spelling)});
         }
         if (respell)
-            collectSpellings(block, pieces, 0, spellings, caretPosition);
+            collectSpellings(line, pieces, 0, spellings, caretPosition);
         std::size_t next = 0;
         bool endState = false;
-        lines.setColours(block, lineRanges(block, pieces, next, &endState));
-        // Qt forgets a line's state when Undo or Redo splits or joins it: an unknown
-        // state never ends the cascade.
-        const bool oldKnown = ColouredLines::stateKnown(block);
-        const bool oldState = ColouredLines::endsInComment(block);
-        ColouredLines::setEndsInComment(block, endState);
-        const int number = block.blockNumber();
-        block = block.next();
-        inComment = endState && cLike();
-        if (number >= lastBlock && oldKnown && endState == oldState)
+        lineStyles(line, pieces, next, styles, &endState);
+        inComment.push_back(endState);
+        const int oldState = m_text.lineState(line);
+        const bool oldKnown = oldState & linestate::Known;
+        const bool oldInComment = oldState & linestate::CommentOpen;
+        ++line;
+        startsInComment = endState && cLike();
+        if (line > lastLine && oldKnown && endState == oldInComment)
             break;
-        if (number >= lastBlock && block.isValid() && clock.elapsed() >= TypingBudgetMs) {
+        if (line > lastLine && line < lineCount && clock.elapsed() >= TypingBudgetMs) {
             // A long cascade (a comment opened above many lines) goes on from the
-            // event loop, so the keystroke is shown at once.
-            const int from = block.blockNumber();
-            m_dirtyFirst = m_dirtyFirst < 0 ? from : std::min(m_dirtyFirst, from);
-            m_dirtyLast = std::max(m_dirtyLast, from);
+            // event loop, so the keystroke is shown at once. The line it stops at is
+            // marked unknown so that the cascade goes on past it.
+            m_dirtyFirst = m_dirtyFirst < 0 ? line : std::min(m_dirtyFirst, line);
+            m_dirtyLast = std::max(m_dirtyLast, line);
             m_dirtyFromUndo = m_dirtyFromUndo || !respell;
             QTimer::singleShot(0, this, [this] { flush(); });
             break;
         }
     }
-    lines.finish();
     writeSpellings(spellings);
+    m_text.setStyles(m_text.lineStart(first), styles);
+    for (int i = first; i < line; ++i)
+        setCommentState(i, inComment[std::size_t(i - first)]);
 }
 
-// ---- Colours of a line --------------------------------------------------------------
+// ---- Styles of a line --------------------------------------------------------------
 
-ColouredLines::Ranges DocumentColourer::lineRanges(const QTextBlock &block,
-                                                   const std::vector<Piece> &pieces,
-                                                   std::size_t &next, bool *endsInComment) const
+void DocumentColourer::lineStyles(int line, const std::vector<Piece> &pieces, std::size_t &next,
+                                  QByteArray &styles, bool *endsInComment) const
 {
-    const int b0 = block.position();
-    const int textEnd = b0 + block.length() - 1; // the line break's position
+    const qsizetype b0 = m_text.lineStart(line);
+    const qsizetype textEnd = m_text.lineEnd(line); // the line break's position
+    const qsizetype lineEnd =
+        line + 1 < m_text.lineCount() ? m_text.lineStart(line + 1) : m_text.length();
+    const qsizetype base = styles.size();
+    // The line and its break, plain; the break itself never takes a colour.
+    styles.append(lineEnd - b0, char(StyleTable::Plain));
+    char *out = styles.data() + base;
     while (next < pieces.size() && pieces[next].end <= b0)
         ++next;
-    ColouredLines::Ranges ranges;
-    std::size_t r = next;
-    for (; r < pieces.size() && pieces[r].start < textEnd; ++r) {
+    for (std::size_t r = next; r < pieces.size() && pieces[r].start < textEnd; ++r) {
         const Piece &p = pieces[r];
-        // Words of the black list keep the text colour, which the line shows anyway.
+        // Words of the black list keep the text colour, which the plain style shows.
         if (p.kind == StretchKind::Text)
             continue;
-        const int from = std::max(p.start, b0) - b0;
-        const int to = std::min(p.end, textEnd) - b0;
-        if (to <= from)
-            continue;
-        const QTextCharFormat &format =
-            p.kind == StretchKind::Comment ? m_commentFormat : m_keywordFormat;
-        if (!ranges.isEmpty() && ranges.last().start + ranges.last().length == from &&
-            ranges.last().format == format) {
-            ranges.last().length += to - from;
-            continue;
-        }
-        QTextLayout::FormatRange range;
-        range.start = from;
-        range.length = to - from;
-        range.format = format;
-        ranges.append(range);
+        const qsizetype from = std::max(p.start, b0);
+        const qsizetype to = std::min(p.end, textEnd);
+        if (to > from)
+            std::fill(out + (from - b0), out + (to - b0),
+                      p.kind == StretchKind::Comment ? m_commentStyle : m_keywordStyle);
     }
     // The piece that holds the line break tells whether the line ends in a comment.
-    r = next;
+    std::size_t r = next;
     while (r < pieces.size() && pieces[r].end <= textEnd)
         ++r;
     *endsInComment =
         r < pieces.size() && pieces[r].start <= textEnd && pieces[r].kind == StretchKind::Comment;
     next = r;
-    return ranges;
 }
 
-void DocumentColourer::collectSpellings(const QTextBlock &block, const std::vector<Piece> &pieces,
+void DocumentColourer::collectSpellings(int line, const std::vector<Piece> &pieces,
                                         std::size_t from, Spellings &spellings,
-                                        int caretPosition) const
+                                        qsizetype caretPosition) const
 {
-    const int b0 = block.position();
-    const int textEnd = b0 + block.length() - 1;
+    const qsizetype b0 = m_text.lineStart(line);
+    const qsizetype textEnd = m_text.lineEnd(line);
     while (from < pieces.size() && pieces[from].end <= b0)
         ++from;
-    QString text;
+    const QByteArrayView bytes = m_text.bytes(b0, textEnd - b0);
     for (std::size_t i = from; i < pieces.size() && pieces[i].start < textEnd; ++i) {
         const Piece &p = pieces[i];
         if (p.spelling.isEmpty() || p.start < b0 || p.end > textEnd ||
@@ -515,9 +448,7 @@ void DocumentColourer::collectSpellings(const QTextBlock &block, const std::vect
             continue;
         if (caretPosition >= p.start && caretPosition <= p.end)
             continue; // the word being typed keeps its letters until it is finished
-        if (text.isNull())
-            text = block.text();
-        if (QStringView(text).mid(p.start - b0, p.end - p.start) != p.spelling)
+        if (QLatin1StringView(bytes.sliced(p.start - b0, p.end - p.start)) != p.spelling)
             spellings.emplace_back(p.start, p.spelling);
     }
 }
@@ -525,33 +456,22 @@ void DocumentColourer::collectSpellings(const QTextBlock &block, const std::vect
 void DocumentColourer::writeSpellings(const Spellings &spellings)
 {
     // A respelling would replace the steps that could be redone.
-    if (spellings.empty() || m_doc->isRedoAvailable())
+    if (spellings.empty() || m_text.canRedo())
         return;
     m_applying = true;
     // Without a history the respelling is not recorded (a text just loaded); with
-    // one it joins the edit before it.
-    const bool enabled = m_doc->isUndoRedoEnabled();
-    const bool record = enabled && m_doc->isUndoAvailable();
-    if (enabled && !record)
-        m_doc->setUndoRedoEnabled(false);
-    const int stepsBefore = m_doc->availableUndoSteps();
-    QTextCursor cursor(m_doc);
-    cursor.beginEditBlock();
-    for (const auto &[position, spelling] : spellings) {
-        QTextCursor at(m_doc);
-        at.setPosition(position + 1);
-        const QTextCharFormat format = at.charFormat();
-        cursor.setPosition(position);
-        cursor.setPosition(position + int(spelling.size()), QTextCursor::KeepAnchor);
-        cursor.insertText(spelling, format);
-    }
-    cursor.endEditBlock();
-    if (enabled && !record) {
-        m_doc->setUndoRedoEnabled(true);
-        m_respellings.forget();
-    }
+    // one it is a step of its own, marked, that goes with the edit before it.
+    const bool record = m_text.canUndo();
+    if (!record)
+        m_text.setUndoCollection(false);
+    m_text.beginUndoStep();
     if (record)
-        m_respellings.recordSince(stepsBefore);
+        m_text.markRespellingStep();
+    for (const auto &[position, spelling] : spellings)
+        m_text.replace(position, spelling.toLatin1());
+    m_text.endUndoStep();
+    if (!record)
+        m_text.setUndoCollection(true);
     m_applying = false;
 }
 
@@ -560,14 +480,26 @@ void DocumentColourer::writeSpellings(const Spellings &spellings)
 void DocumentColourer::undo()
 {
     m_undoing = true;
-    m_respellings.undo();
+    // A respelling on top goes with the edit below it.
+    while (m_text.canUndo() && m_text.undo()) {
+    }
     m_undoing = false;
 }
 
 void DocumentColourer::redo()
 {
     m_undoing = true;
-    m_respellings.redo();
+    if (m_text.canRedo()) {
+        m_text.redo();
+        // The respellings that followed the edit come back with it; a step that is
+        // not one is taken back again (the history cannot be read ahead).
+        while (m_text.canRedo()) {
+            if (!m_text.redo()) {
+                m_text.undo();
+                break;
+            }
+        }
+    }
     m_undoing = false;
 }
 

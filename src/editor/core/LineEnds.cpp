@@ -7,6 +7,7 @@
 #include <algorithm>
 
 #include <array>
+#include <cstring>
 #include <type_traits>
 
 namespace tessaro {
@@ -22,19 +23,19 @@ QString lineEndText(LineEnd end)
     return QStringLiteral("\r\n");
 }
 
-LineEnds scanLineEnds(const QString &text)
+namespace {
+
+template <typename Char> LineEnds scanBreaks(const Char *p, qsizetype n)
 {
     LineEnds result;
     std::array<qsizetype, 4> counts{};
-    const QChar *p = text.constData();
-    const qsizetype n = text.size();
     for (qsizetype i = 0; i < n; ++i) {
-        const char16_t c = p[i].unicode();
+        const Char c = p[i];
         LineEnd kind;
-        if (c == u'\n') {
+        if (c == Char('\n')) {
             kind = LineEnd::LF;
-        } else if (c == u'\r') {
-            if (i + 1 < n && p[i + 1].unicode() == u'\n') {
+        } else if (c == Char('\r')) {
+            if (i + 1 < n && p[i + 1] == Char('\n')) {
                 kind = LineEnd::CRLF;
                 ++i;
             } else {
@@ -47,6 +48,69 @@ LineEnds scanLineEnds(const QString &text)
         ++counts[static_cast<std::size_t>(kind)];
     }
     // Ties prefer CR LF, the break a new source file gets, then LF.
+    const std::array<LineEnd, 3> order{LineEnd::CRLF, LineEnd::LF, LineEnd::CR};
+    qsizetype best = 0;
+    for (LineEnd kind : order) {
+        if (counts[static_cast<std::size_t>(kind)] > best) {
+            best = counts[static_cast<std::size_t>(kind)];
+            result.usual = kind;
+        }
+    }
+    result.uniform = best == static_cast<qsizetype>(result.breaks.size());
+    return result;
+}
+
+} // namespace
+
+LineEnds scanLineEnds(const QString &text)
+{
+    return scanBreaks(reinterpret_cast<const char16_t *>(text.constData()), text.size());
+}
+
+namespace {
+
+// Calls `onBreak(at, kind, after)` for every line break of 8-bit text in order: the
+// break's position, its kind and the position after it. The breaks are found with
+// memchr, which reads a large text many bytes at a time.
+template <typename OnBreak> void forEachBreak(QByteArrayView text, OnBreak onBreak)
+{
+    const char *const begin = text.data();
+    const char *const end = begin + text.size();
+    auto next = [end](const char *from, char c) {
+        const void *found = from < end ? std::memchr(from, c, std::size_t(end - from)) : nullptr;
+        return found ? static_cast<const char *>(found) : end;
+    };
+    const char *lf = next(begin, '\n');
+    const char *cr = next(begin, '\r');
+    for (;;) {
+        const char *at = std::min(lf, cr);
+        if (at == end)
+            return;
+        LineEnd kind = LineEnd::LF;
+        const char *after = at + 1;
+        if (at == cr) {
+            kind = after < end && *after == '\n' ? LineEnd::CRLF : LineEnd::CR;
+            if (kind == LineEnd::CRLF)
+                ++after;
+        }
+        onBreak(at - begin, kind, after - begin);
+        if (lf < after)
+            lf = next(after, '\n');
+        if (cr < after)
+            cr = next(after, '\r');
+    }
+}
+
+} // namespace
+
+LineEnds scanLineEnds(QByteArrayView text)
+{
+    LineEnds result;
+    std::array<qsizetype, 4> counts{};
+    forEachBreak(text, [&](qsizetype, LineEnd kind, qsizetype) {
+        result.breaks.push_back(kind);
+        ++counts[static_cast<std::size_t>(kind)];
+    });
     const std::array<LineEnd, 3> order{LineEnd::CRLF, LineEnd::LF, LineEnd::CR};
     qsizetype best = 0;
     for (LineEnd kind : order) {
@@ -108,7 +172,57 @@ template <typename Text> Text withCrLfBreaks(const Text &text)
 }
 
 template QString withCrLfBreaks(const QString &);
-template QByteArray withCrLfBreaks(const QByteArray &);
+
+template <> QByteArray withCrLfBreaks(const QByteArray &text)
+{
+    QByteArray result = text;
+    toCrLfBreaks(result);
+    return result;
+}
+
+LineEnds toCrLfBreaks(QByteArray &text)
+{
+    // One pass finds the breaks and writes the text with CR LF breaks, room made for a
+    // break every eight bytes (more grows the buffer); a text whose breaks are all
+    // CR LF already stays as it is.
+    const qsizetype size = text.size();
+    QByteArray out(size + size / 8 + 2, Qt::Uninitialized);
+    qsizetype written = 0;
+    const char *in = text.constData();
+    qsizetype from = 0;
+    LineEnds result;
+    std::array<qsizetype, 4> counts{};
+    forEachBreak(text, [&](qsizetype at, LineEnd kind, qsizetype after) {
+        result.breaks.push_back(kind);
+        ++counts[static_cast<std::size_t>(kind)];
+        const qsizetype length = at - from;
+        if (written + length + 2 + (size - at) > out.size())
+            out.resize(std::max(out.size() * 2, written + length + 2 + (size - at)));
+        char *o = out.data() + written;
+        std::memcpy(o, in + from, std::size_t(length));
+        o[length] = '\r';
+        o[length + 1] = '\n';
+        written += length + 2;
+        from = after;
+    });
+    const std::array<LineEnd, 3> order{LineEnd::CRLF, LineEnd::LF, LineEnd::CR};
+    qsizetype best = 0;
+    for (LineEnd kind : order) {
+        if (counts[static_cast<std::size_t>(kind)] > best) {
+            best = counts[static_cast<std::size_t>(kind)];
+            result.usual = kind;
+        }
+    }
+    result.uniform = best == static_cast<qsizetype>(result.breaks.size());
+    if (counts[static_cast<std::size_t>(LineEnd::CRLF)] == qsizetype(result.breaks.size()))
+        return result;
+    if (written + (size - from) > out.size())
+        out.resize(written + (size - from));
+    std::memcpy(out.data() + written, in + from, std::size_t(size - from));
+    out.truncate(written + (size - from));
+    text = std::move(out);
+    return result;
+}
 
 CrLfTextDecoder::CrLfTextDecoder(qsizetype expectedBytes)
 {

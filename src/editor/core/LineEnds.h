@@ -19,12 +19,13 @@ QString lineEndText(LineEnd end);
 // and a lone CR each end one line.
 struct LineEnds
 {
-    std::vector<LineEnd> breaks; // one entry per line break, in text order
+    std::vector<LineEnd> breaks;   // one entry per line break, in text order
     LineEnd usual = LineEnd::CRLF; // the most frequent kind (CR LF when there is none)
     bool uniform = true;           // every break is of the usual kind
 };
 
 LineEnds scanLineEnds(const QString &text);
+LineEnds scanLineEnds(QByteArrayView text);
 
 // The text's line breaks as scanLineEnds finds them, with the given usual kind: lines
 // typed anew get it, and the text is uniform only when every break is of that kind.
@@ -35,6 +36,10 @@ LineEnds lineEndsWithUsual(const QString &text, LineEnd usual);
 // as two characters, as the editor's public positions do. A text whose breaks are all
 // CR LF already comes back as it is (shared, not copied). For QString and QByteArray.
 template <typename Text> Text withCrLfBreaks(const Text &text);
+template <> QByteArray withCrLfBreaks(const QByteArray &text);
+// Gives 8-bit text CR LF breaks in place and tells the breaks it had, in one pass:
+// scanLineEnds and withCrLfBreaks at once.
+LineEnds toCrLfBreaks(QByteArray &text);
 
 // Decodes a file's bytes given in pieces, in order, as the editor holds its text:
 // every byte one character (8-bit text, Latin-1), every line break (CR LF, a lone LF,

@@ -4,7 +4,7 @@
 #include <QPointer>
 #include <QString>
 
-class QPlainTextEdit;
+#include <QPlainTextEdit>
 
 namespace tessaro {
 

@@ -1,30 +1,25 @@
 #include "editor/ui/srcText.h"
 
 #include "editor/core/CaselessPattern.h"
-#include "editor/core/ColouredLines.h"
 #include "editor/core/DocumentColourer.h"
-#include "editor/core/EditorPositions.h"
 #include "editor/core/ModeWordLists.h"
 #include "editor/core/PropertyBag.h"
 #include "editor/core/PropertyColour.h"
 #include "editor/core/RtfDocument.h"
-#include "editor/ui/DeferredDeleteHold.h"
+#include "editor/ui/ScintillaText.h"
 #include "editor/ui/SourceEditBox.h"
-#include "platform/core/AppInfo.h"
 #include "platform/core/MsgBox.h"
 #include "platform/core/Paths.h"
 #include "platform/core/RuntimeError.h"
 #include "platform/core/TextFile.h"
+#include "platform/core/Twips.h"
 
 #include <QApplication>
 #include <QClipboard>
 #include <QMimeData>
 #include <QPagedPaintDevice>
-#include <QPointer>
+#include <QPainter>
 #include <QScrollBar>
-#include <QTextBlock>
-#include <QTextDocument>
-#include <QTextDocumentFragment>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -32,28 +27,14 @@
 
 namespace tessaro {
 
-qsizetype srcText::s_loadPieceSize = 64 * 1024;
-
-using positions::toDocument;
-using positions::toPublic;
-
 srcText::srcText(QWidget *parent) : QWidget(parent)
 {
     m_rtfMain = new SourceEditBox(this);
-    m_rtfMain->setLineWrapMode(QPlainTextEdit::NoWrap);
-    // A scroll bar that comes and goes changes the box's width, and every change of
-    // width lays the whole text out again: on a large file that stalls the window.
-    m_rtfMain->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_rtfMain);
     setFocusProxy(m_rtfMain);
-
-    m_rtfTemp = new QTextDocument(this);
-    m_rtfTemp->setObjectName(QStringLiteral("rtfTemp"));
-    // A plain-text layout lays out only what is shown, and rtfTemp is never shown.
-    m_rtfTemp->setDocumentLayout(new QPlainTextDocumentLayout(m_rtfTemp));
-    m_tempCursor = QTextCursor(m_rtfTemp);
+    m_text = std::make_unique<ScintillaText>(*m_rtfMain);
 
     // tmrInsert is part of the control but nothing enables it.
     m_tmrInsert = new QTimer(this);
@@ -68,13 +49,11 @@ srcText::srcText(QWidget *parent) : QWidget(parent)
     m_tmrUpdate->setObjectName(QStringLiteral("tmrUpdate"));
     m_tmrUpdate->setInterval(1000);
 
-    m_colouring = std::make_unique<DocumentColourer>(m_rtfMain->document(), m_rtfTemp,
-                                                     m_tmrUpdate);
+    m_colouring = std::make_unique<DocumentColourer>(*m_text, m_styles, m_tmrUpdate);
     connect(m_colouring.get(), &DocumentColourer::progressStart, this, &srcText::ProgressStart);
-    connect(m_colouring.get(), &DocumentColourer::progressChange, this,
-            &srcText::ProgressChange);
+    connect(m_colouring.get(), &DocumentColourer::progressChange, this, &srcText::ProgressChange);
     connect(m_colouring.get(), &DocumentColourer::progressComplete, this, [this] {
-        m_tempCursor.setPosition(0);
+        m_tempSelStart = m_tempSelEnd = 0;
         Q_EMIT ProgressComplete();
     });
     connect(m_colouring.get(), &DocumentColourer::largeChange, this, [this](bool respell) {
@@ -86,28 +65,27 @@ srcText::srcText(QWidget *parent) : QWidget(parent)
         m_colouringFromKeys = fromKeys;
     });
 
-    connect(m_rtfMain->document(), &QTextDocument::contentsChange, this,
-            &srcText::onContentsChange);
-    connect(m_rtfMain, &QPlainTextEdit::cursorPositionChanged, this,
-            &srcText::emitSelChangeIfMoved);
-    connect(m_rtfMain, &QPlainTextEdit::selectionChanged, this, &srcText::emitSelChangeIfMoved);
-    // The box scrolls itself with the scroll bars' signals blocked: its update
-    // requests tell of those scrolls.
+    connect(m_rtfMain, &SourceEditBox::edited, this, &srcText::onEdited);
+    connect(m_rtfMain, &QsciScintillaBase::SCN_UPDATEUI, this, [this](int updated) {
+        if (updated & SourceEditBox::SC_UPDATE_SELECTION)
+            emitSelChangeIfMoved();
+        if (updated & (SourceEditBox::SC_UPDATE_H_SCROLL | SourceEditBox::SC_UPDATE_V_SCROLL))
+            emitScrollIfMoved();
+    });
     connect(m_rtfMain->horizontalScrollBar(), &QScrollBar::valueChanged, this,
             &srcText::emitScrollIfMoved);
     connect(m_rtfMain->verticalScrollBar(), &QScrollBar::valueChanged, this,
             &srcText::emitScrollIfMoved);
-    connect(m_rtfMain, &QPlainTextEdit::updateRequest, this, &srcText::emitScrollIfMoved);
 
+    defineMarks();
     InitProperties();
 }
 
 srcText::~srcText()
 {
-    // The colourer and the handlers below refer to rtfMain's document: take them
-    // down before the child widgets go.
+    // The colourer and the handlers below refer to rtfMain: take them down before
+    // the child widgets go.
     m_colouring.reset();
-    m_rtfMain->document()->disconnect(this);
     m_rtfMain->disconnect(this);
     m_rtfMain->horizontalScrollBar()->disconnect(this);
     m_rtfMain->verticalScrollBar()->disconnect(this);
@@ -150,7 +128,7 @@ void srcText::InitProperties()
     // A control placed anew loads no word list: it colours nothing until Mode is set.
     setMode(mode::None);
     updateColours();
-    applyBackground();
+    applyTextFont();
 }
 
 void srcText::ReadProperties(PropertyBag &PropBag)
@@ -189,36 +167,33 @@ void srcText::WriteProperties(PropertyBag &PropBag) const
 
 // ---- Files -------------------------------------------------------------------------------
 
-RtfDocument srcText::readFile(const QString &strFileName, int FileType)
-{
-    QString text = textfile::read(strFileName);
-    // Rich text is read through the reader, text and colours; anything else, and
-    // every file of type 1, is plain text.
-    if (FileType == 0 && isRichText(text))
-        return readRtf(text);
-    return {std::move(text), {}};
-}
-
 bool srcText::LoadFile(const QString &strFileName, int FileType)
 {
-    RtfDocument file;
+    QByteArray bytes;
     try {
-        file = readFile(strFileName, FileType);
+        bytes = textfile::readBytes(strFileName);
     } catch (const RuntimeError &error) {
         // The control reports its own errors, then lets the caller's command end.
         MsgBox(error.description() + QStringLiteral("\n\n") + strFileName, mb::Exclamation);
         throw;
     }
-    const LineEnds lineEnds = scanLineEnds(file.text);
-    QPointer<srcText> alive(this);
-    if (!setDocumentText(file.text, &lineEnds, true)) {
-        // The control went away, or another text took its place, while this one was
-        // going in: the later text stays and this load ends here.
-        return alive != nullptr;
+    // Rich text is read through the reader, text and colours; anything else, and
+    // every file of type 1, is plain text.
+    std::vector<RtfColourRun> runs;
+    LineEnds lineEnds;
+    if (FileType == 0 && bytes.startsWith("{\\rtf")) {
+        RtfDocument rich = readRtf(textfile::fromBytes(bytes));
+        lineEnds = scanLineEnds(rich.text);
+        bytes = textfile::toBytes(withCrLfBreaks(rich.text));
+        runs = std::move(rich.runs);
+    } else {
+        lineEnds = toCrLfBreaks(bytes);
     }
-    // A plain file brings no colours, and its new lines have none to clear.
-    if (!file.runs.empty())
-        applyColourRuns(file.runs);
+    setDocumentBytes(bytes, &lineEnds);
+    bytes.clear();
+    // A plain file brings no colours.
+    if (!runs.empty())
+        applyColourRuns(runs);
     else if (m_colouring->isRunning())
         m_colouring->cancel();
     setMode(modeForFileName(strFileName));
@@ -231,95 +206,31 @@ bool srcText::LoadFile(const QString &strFileName, int FileType)
     return true;
 }
 
-bool srcText::setDocumentText(const QString &text, const LineEnds *lineEnds, bool servingEvents)
+void srcText::setDocumentBytes(const QByteArray &bytes, const LineEnds *lineEnds)
 {
-    const quint64 generation = ++m_textGeneration;
     m_loading = true;
-    // Text without a colour of its own shows in Colour_Text (the box's text colour).
-    m_rtfMain->setCurrentCharFormat(QTextCharFormat());
-    if (servingEvents && text.size() > s_loadPieceSize) {
-        if (!putTextInPieces(text, generation))
-            return false;
-    } else {
-        m_rtfMain->setPlainText(text);
-    }
-    QTextDocument *doc = m_rtfMain->document();
+    m_rtfMain->setBytes(bytes);
     if (lineEnds) {
         m_usualLineEnd = lineEnds->usual;
         if (!lineEnds->uniform) {
             // Each line remembers its own break, so a file of mixed breaks saves back
             // byte for byte.
-            QTextBlock block = doc->begin();
-            for (LineEnd end : lineEnds->breaks) {
-                ColouredLines::setLineEnd(block, int(end));
-                block = block.next();
-            }
+            int line = 0;
+            for (LineEnd end : lineEnds->breaks)
+                m_text->setLineState(line++, int(end));
         }
     }
     // A new text is coloured by a full run (or not at all), not line by line.
     m_colouring->forgetChanges();
-    m_colouring->forgetUndoSteps();
     m_loading = false;
-    return true;
+    emitSelChangeIfMoved();
 }
-
-// Where a piece that starts at `from` ends: at the first line break from `from + size`
-// on (a CR LF pair stays whole), or at the end of the text.
-static qsizetype pieceEnd(const QString &text, qsizetype from, qsizetype size)
-{
-    if (text.size() - from <= size)
-        return text.size();
-    for (qsizetype i = from + size; i < text.size(); ++i) {
-        const QChar c = text.at(i);
-        if (c == u'\n')
-            return i + 1;
-        if (c == u'\r')
-            return i + 1 < text.size() && text.at(i + 1) == u'\n' ? i + 2 : i + 1;
-    }
-    return text.size();
-}
-
-bool srcText::putTextInPieces(const QString &text, quint64 generation)
-{
-    QPointer<srcText> alive(this);
-    // A window closed while its text goes in goes once the text is in: the caller
-    // still works on it when this returns.
-    DeferredDeleteHold hold(this);
-    QTextDocument *doc = m_rtfMain->document();
-    // The first piece resets the box as a whole new text does (caret, scrolling,
-    // history); the others are added at the end without undo steps.
-    qsizetype end = pieceEnd(text, 0, s_loadPieceSize);
-    m_rtfMain->setPlainText(text.left(end));
-    while (end < text.size()) {
-        // Paint and timers go on; the user's keys and clicks wait in the queue.
-        QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
-        if (!alive)
-            return false;
-        if (generation != m_textGeneration) {
-            // Whatever replaced the text has ended by now.
-            m_loading = false;
-            return false;
-        }
-        const qsizetype from = end;
-        end = pieceEnd(text, from, s_loadPieceSize);
-        QTextCursor cursor(doc);
-        cursor.movePosition(QTextCursor::End);
-        doc->setUndoRedoEnabled(false);
-        cursor.insertText(text.mid(from, end - from));
-        doc->setUndoRedoEnabled(true);
-    }
-    // A text just set is unchanged, as after one setPlainText.
-    doc->setModified(false);
-    return true;
-}
-
-void srcText::setLoadPieceSize(qsizetype chars) { s_loadPieceSize = std::max<qsizetype>(1, chars); }
 
 void srcText::SaveFile(const QString &strFileName, int FileType)
 {
     Q_UNUSED(FileType); // always plain text: colours never reach a source file
     try {
-        textfile::write(strFileName, fileText());
+        textfile::writeBytes(strFileName, fileBytes());
         m_saved = true;
         m_modified = false;
     } catch (const RuntimeError &) {
@@ -329,26 +240,39 @@ void srcText::SaveFile(const QString &strFileName, int FileType)
     Q_EMIT FileSaved(strFileName);
 }
 
+QByteArray srcText::fileBytes() const
+{
+    const QByteArrayView text = m_rtfMain->bytes();
+    const int lines = m_rtfMain->lineCount();
+    bool ownBreaks = false;
+    for (int line = 0; line + 1 < lines && !ownBreaks; ++line)
+        ownBreaks = (m_text->lineState(line) & linestate::LineEndMask) != 0;
+    // The box holds CR LF breaks: a text whose lines all take CR LF is saved as it is.
+    if (!ownBreaks && m_usualLineEnd == LineEnd::CRLF)
+        return text.toByteArray();
+    const QByteArray usual = lineEndText(m_usualLineEnd).toLatin1();
+    QByteArray out;
+    out.reserve(text.size());
+    for (int line = 0; line < lines; ++line) {
+        const qsizetype start = m_rtfMain->lineStart(line);
+        out.append(text.sliced(start, m_rtfMain->lineEnd(line) - start));
+        if (line + 1 == lines)
+            break;
+        const int end = m_text->lineState(line) & linestate::LineEndMask;
+        out.append(end == 0 ? usual : lineEndText(LineEnd(end)).toLatin1());
+    }
+    return out;
+}
+
 QString srcText::fileText() const
 {
-    const QTextDocument *doc = m_rtfMain->document();
-    QString text;
-    text.reserve(doc->characterCount() + doc->blockCount());
-    const QString usual = lineEndText(m_usualLineEnd);
-    for (QTextBlock block = doc->begin(); block.isValid(); block = block.next()) {
-        if (block != doc->begin()) {
-            const int end = ColouredLines::lineEndBits(block.previous());
-            text += end == 0 ? usual : lineEndText(LineEnd(end));
-        }
-        text += block.text();
-    }
-    return text;
+    return textfile::fromBytes(fileBytes());
 }
 
 void srcText::restoreText(const QString &text, LineEnd usual, const QString &strFileName)
 {
     const LineEnds lineEnds = lineEndsWithUsual(text, usual);
-    setDocumentText(text, &lineEnds);
+    setDocumentBytes(textfile::toBytes(withCrLfBreaks(text)), &lineEnds);
     setMode(modeForFileName(strFileName));
     if (m_mode == mode::C)
         ColourDocument();
@@ -357,38 +281,57 @@ void srcText::restoreText(const QString &text, LineEnd usual, const QString &str
     m_saved = false;
 }
 
-QString srcText::FileTitle() const { return paths::filePart(m_fileName); }
+QString srcText::FileTitle() const
+{
+    return paths::filePart(m_fileName);
+}
 
 // ---- Text and positions -----------------------------------------------------------------
 
-QString srcText::Text() const { return positions::publicText(*m_rtfMain->document()); }
+// Every byte one character: the 8-bit text decoded as files are (Latin-1).
+QString srcText::Text() const
+{
+    return QString::fromLatin1(m_rtfMain->bytes());
+}
 
 void srcText::setText(const QString &New_Text)
 {
-    ++m_textGeneration;
+    const qsizetype removed = m_rtfMain->length();
+    setDocumentBytes(textfile::toBytes(withCrLfBreaks(New_Text)), nullptr);
     m_usualLineEnd = LineEnd::CRLF;
-    m_rtfMain->setCurrentCharFormat(QTextCharFormat());
-    m_rtfMain->setPlainText(New_Text);
-    m_colouring->forgetUndoSteps();
+    // A text set by the program is a change like any other: told once, and coloured
+    // by the typing path.
+    noteEdit(0, removed, m_rtfMain->length());
+}
+
+qsizetype srcText::boxPosition(qsizetype position) const
+{
+    position = std::clamp<qsizetype>(position, 0, m_rtfMain->length());
+    if (position > 0 && m_rtfMain->at(position) == '\n' && m_rtfMain->at(position - 1) == '\r')
+        --position;
+    return position;
+}
+
+void srcText::select(qsizetype anchor, qsizetype caret)
+{
+    m_rtfMain->select(anchor, caret);
+    emitSelChangeIfMoved();
 }
 
 qsizetype srcText::SelStart() const
 {
-    return toPublic(*m_rtfMain->document(), m_rtfMain->textCursor().selectionStart());
+    return m_rtfMain->selectionStart();
 }
 
 void srcText::setSelStart(qsizetype New_SelStart)
 {
-    QTextCursor cursor = m_rtfMain->textCursor();
-    cursor.setPosition(toDocument(*m_rtfMain->document(), std::max<qsizetype>(0, New_SelStart)));
-    m_rtfMain->setTextCursor(cursor);
+    const qsizetype at = boxPosition(std::max<qsizetype>(0, New_SelStart));
+    select(at, at);
 }
 
 qsizetype srcText::SelLength() const
 {
-    const QTextCursor cursor = m_rtfMain->textCursor();
-    const QTextDocument &doc = *m_rtfMain->document();
-    return toPublic(doc, cursor.selectionEnd()) - toPublic(doc, cursor.selectionStart());
+    return m_rtfMain->selectionEnd() - m_rtfMain->selectionStart();
 }
 
 void srcText::setSelLength(qsizetype New_SelLength)
@@ -399,90 +342,116 @@ void srcText::setSelLength(qsizetype New_SelLength)
 
 QString srcText::SelText() const
 {
-    QString text = m_rtfMain->textCursor().selectedText();
-    return text.replace(QChar::ParagraphSeparator, QLatin1String("\r\n"));
+    return textfile::fromBytes(
+        m_rtfMain->bytes(m_rtfMain->selectionStart(), m_rtfMain->selectionEnd()));
 }
 
 void srcText::setSelText(const QString &New_SelText)
 {
-    QTextCursor cursor = m_rtfMain->textCursor();
-    cursor.insertText(New_SelText);
-    m_rtfMain->setTextCursor(cursor);
+    m_rtfMain->replaceSelection(textfile::toBytes(withCrLfBreaks(New_SelText)));
+    emitSelChangeIfMoved();
 }
 
 void srcText::SetSelection(qsizetype lStart, qsizetype lEnd)
 {
-    const QTextDocument &doc = *m_rtfMain->document();
-    QTextCursor cursor = m_rtfMain->textCursor();
     if (lStart == 0 && lEnd == -1) {
-        cursor.select(QTextCursor::Document);
+        select(0, m_rtfMain->length());
     } else if (lStart < 0) {
-        cursor.clearSelection();
+        const qsizetype caret = m_rtfMain->caret();
+        select(caret, caret);
     } else {
         if (lEnd < 0)
-            lEnd = positions::publicLength(doc);
-        cursor.setPosition(toDocument(doc, lStart));
-        cursor.setPosition(toDocument(doc, lEnd), QTextCursor::KeepAnchor);
+            lEnd = m_rtfMain->length();
+        select(boxPosition(lStart), boxPosition(lEnd));
     }
-    m_rtfMain->setTextCursor(cursor);
 }
 
 void srcText::SetTempSelection(qsizetype lStart, qsizetype lEnd)
 {
-    const QTextDocument &doc = *m_colouring->snapshotDocument();
+    const qsizetype length = m_colouring->snapshot().size();
     if (lStart == 0 && lEnd == -1) {
-        m_tempCursor.select(QTextCursor::Document);
+        m_tempSelStart = 0;
+        m_tempSelEnd = length;
     } else if (lStart < 0) {
-        m_tempCursor.clearSelection();
+        m_tempSelStart = m_tempSelEnd;
     } else {
         if (lEnd < 0)
-            lEnd = positions::publicLength(doc);
-        m_tempCursor.setPosition(toDocument(doc, lStart));
-        m_tempCursor.setPosition(toDocument(doc, lEnd), QTextCursor::KeepAnchor);
+            lEnd = length;
+        m_tempSelStart = std::clamp<qsizetype>(lStart, 0, length);
+        m_tempSelEnd = std::clamp<qsizetype>(lEnd, 0, length);
     }
 }
 
-qsizetype srcText::CharacterCount() const { return positions::publicLength(*m_rtfMain->document()); }
+qsizetype srcText::CharacterCount() const
+{
+    return m_rtfMain->length();
+}
 
 qsizetype srcText::TempCharacterCount() const
 {
-    return positions::publicLength(*m_colouring->snapshotDocument());
+    return m_colouring->snapshot().size();
 }
 
-QPlainTextEdit *srcText::RTFBox() const { return m_rtfMain; }
+SourceEditBox *srcText::RTFBox() const
+{
+    return m_rtfMain;
+}
 
-QPlainTextEdit *srcText::hWnd() const { return m_rtfMain; }
+SourceEditBox *srcText::hWnd() const
+{
+    return m_rtfMain;
+}
 
-QTextDocument *srcText::TempDocument() const { return m_colouring->snapshotDocument(); }
+int srcText::LineCount() const
+{
+    return m_rtfMain->lineCount();
+}
 
-int srcText::LineCount() const { return m_rtfMain->document()->blockCount(); }
+int srcText::GetFirstLineVisible() const
+{
+    return m_rtfMain->firstVisibleLine();
+}
 
-int srcText::GetFirstLineVisible() const { return m_rtfMain->firstVisibleLine(); }
+int srcText::CurrentColumn() const
+{
+    const qsizetype caret = m_rtfMain->caret();
+    return int(caret - m_rtfMain->lineStart(m_rtfMain->lineOf(caret)));
+}
 
-int srcText::CurrentColumn() const { return m_rtfMain->textCursor().positionInBlock(); }
-
-int srcText::CurrentLine() const { return m_rtfMain->textCursor().blockNumber(); }
+int srcText::CurrentLine() const
+{
+    return m_rtfMain->lineOf(m_rtfMain->caret());
+}
 
 QPoint srcText::GetPosFromChar(qsizetype lChar) const
 {
-    QTextCursor cursor(m_rtfMain->document());
-    cursor.setPosition(toDocument(*m_rtfMain->document(), lChar));
-    return m_rtfMain->cursorRect(cursor).topLeft();
+    const qsizetype at = boxPosition(lChar);
+    return QPoint(int(m_rtfMain->send(SourceEditBox::SCI_POINTXFROMPOSITION, 0, at)),
+                  int(m_rtfMain->send(SourceEditBox::SCI_POINTYFROMPOSITION, 0, at)));
 }
 
 qsizetype srcText::CharFromPos(int xPixels, int yPixels) const
 {
-    const QTextCursor cursor = m_rtfMain->cursorForPosition(QPoint(xPixels, yPixels));
-    return toPublic(*m_rtfMain->document(), cursor.position());
+    return m_rtfMain->send(SourceEditBox::SCI_POSITIONFROMPOINT, ulong(std::max(0, xPixels)),
+                           std::max(0, yPixels));
 }
 
 // ---- Pass-through properties ---------------------------------------------------------------
 
-bool srcText::Locked() const { return m_rtfMain->isReadOnly(); }
+bool srcText::Locked() const
+{
+    return m_rtfMain->isReadOnly();
+}
 
-void srcText::setLocked(bool New_Locked) { m_rtfMain->setReadOnly(New_Locked); }
+void srcText::setLocked(bool New_Locked)
+{
+    m_rtfMain->setReadOnly(New_Locked);
+}
 
-bool srcText::TabStop() const { return m_rtfMain->focusPolicy() == Qt::StrongFocus; }
+bool srcText::TabStop() const
+{
+    return m_rtfMain->focusPolicy() == Qt::StrongFocus;
+}
 
 void srcText::setTabStop(bool New_TabStop)
 {
@@ -492,7 +461,15 @@ void srcText::setTabStop(bool New_TabStop)
 void srcText::setFontProperty(const QFont &New_Font)
 {
     setFont(New_Font);
-    m_rtfTemp->setDefaultFont(New_Font);
+}
+
+void srcText::changeEvent(QEvent *event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::FontChange)
+        applyTextFont();
+    else if (event->type() == QEvent::PaletteChange)
+        updateColours();
 }
 
 void srcText::setBorder(bool New_Border)
@@ -509,10 +486,50 @@ void srcText::setBackColor(quint32 New_BackColor)
 
 void srcText::applyBackground()
 {
-    QPalette pal = m_rtfMain->palette();
-    pal.setColor(QPalette::Base, propertycolour::toColor(m_backColour, palette()));
-    pal.setColor(QPalette::Text, propertycolour::toColor(m_colourText, palette()));
-    m_rtfMain->setPalette(pal);
+    applyStyles();
+}
+
+void srcText::applyTextFont()
+{
+    applyStyles();
+    // Tab stops every 720 twips (half an inch), as in a rich-edit box: the box counts
+    // them in blanks of the font.
+    const double twipsPerPixel = twips::perPixel(m_rtfMain->logicalDpiX());
+    const int stop = twips::toPixels(720, twipsPerPixel);
+    const long blank = m_rtfMain->SendScintilla(SourceEditBox::SCI_TEXTWIDTH,
+                                                uintptr_t(SourceEditBox::STYLE_DEFAULT), " ");
+    m_rtfMain->send(SourceEditBox::SCI_SETTABWIDTH,
+                    ulong(std::max<long>(1, std::lround(double(stop) / std::max<long>(1, blank)))));
+}
+
+void srcText::applyStyles()
+{
+    const QPalette pal = palette();
+    const QColor back = propertycolour::toColor(m_backColour, pal);
+    const QColor text = propertycolour::toColor(m_colourText, pal);
+    const QFont shown = font();
+    const QByteArray family = shown.family().toUtf8();
+    const double points =
+        shown.pointSizeF() > 0 ? shown.pointSizeF() : shown.pixelSize() * 72.0 / logicalDpiY();
+    auto setStyle = [&](int style, const QColor &fore) {
+        m_rtfMain->SendScintilla(SourceEditBox::SCI_STYLESETFORE, ulong(style), fore);
+        m_rtfMain->SendScintilla(SourceEditBox::SCI_STYLESETBACK, ulong(style), back);
+        m_rtfMain->SendScintilla(SourceEditBox::SCI_STYLESETFONT, uintptr_t(style),
+                                 family.constData());
+        m_rtfMain->send(SourceEditBox::SCI_STYLESETSIZEFRACTIONAL, ulong(style),
+                        std::lround(points * 100));
+        m_rtfMain->send(SourceEditBox::SCI_STYLESETWEIGHT, ulong(style), shown.weight());
+        m_rtfMain->send(SourceEditBox::SCI_STYLESETITALIC, ulong(style), shown.italic());
+        m_rtfMain->send(SourceEditBox::SCI_STYLESETUNDERLINE, ulong(style), shown.underline());
+    };
+    setStyle(SourceEditBox::STYLE_DEFAULT, text);
+    setStyle(StyleTable::Plain, text);
+    for (int style : m_styles.styles())
+        setStyle(style, propertycolour::toColor(*m_styles.colourOf(style), pal));
+    m_rtfMain->SendScintilla(SourceEditBox::SCI_SETCARETFORE, text);
+    m_rtfMain->SendScintilla(SourceEditBox::SCI_SETSELFORE, 1,
+                             pal.color(QPalette::HighlightedText));
+    m_rtfMain->SendScintilla(SourceEditBox::SCI_SETSELBACK, 1, pal.color(QPalette::Highlight));
 }
 
 void srcText::setColour_Comment(quint32 New_Colour_Comment)
@@ -531,15 +548,16 @@ void srcText::setColour_Text(quint32 New_Colour_Text)
 {
     m_colourText = New_Colour_Text;
     updateColours();
-    applyBackground();
 }
 
 void srcText::updateColours()
 {
     const QPalette pal = palette();
-    m_colouring->setColours({propertycolour::toColor(m_colourComment, pal),
-                             propertycolour::toColor(m_colourKeyword, pal),
-                             propertycolour::toColor(m_colourText, pal)});
+    auto shown = [&](quint32 value) {
+        return propertycolour::fromColor(propertycolour::toColor(value, pal));
+    };
+    m_colouring->setColours({shown(m_colourComment), shown(m_colourKeyword)});
+    applyStyles();
 }
 
 void srcText::setIndentValue(int New_IndentValue)
@@ -549,7 +567,10 @@ void srcText::setIndentValue(int New_IndentValue)
 
 // ---- Clipboard and text operations ------------------------------------------------------------
 
-void srcText::Copy() { m_rtfMain->copy(); }
+void srcText::Copy()
+{
+    m_rtfMain->send(SourceEditBox::SCI_COPY);
+}
 
 void srcText::Paste()
 {
@@ -561,58 +582,71 @@ void srcText::Paste()
 void srcText::pasteText(const QString &text)
 {
     m_colouringFromPaste = true;
-    m_rtfMain->insertPlainText(text);
-    m_rtfMain->ensureCursorVisible();
+    m_rtfMain->replaceSelection(textfile::toBytes(withCrLfBreaks(text)));
+    m_rtfMain->send(SourceEditBox::SCI_SCROLLCARET);
     flushTyping();
     m_colouringFromPaste = false;
+    emitSelChangeIfMoved();
 }
 
 void srcText::cutSelection()
 {
-    if (m_rtfMain->isReadOnly() || !m_rtfMain->textCursor().hasSelection())
+    if (m_rtfMain->isReadOnly() || !m_rtfMain->hasSelection())
         return;
-    m_rtfMain->copy();
-    QTextCursor cursor = m_rtfMain->textCursor();
-    cursor.removeSelectedText();
-    m_rtfMain->setTextCursor(cursor);
+    Copy();
+    m_rtfMain->replaceSelection({});
     flushTyping();
+    emitSelChangeIfMoved();
 }
 
-void srcText::SelectAll() { m_rtfMain->selectAll(); }
+void srcText::SelectAll()
+{
+    select(0, m_rtfMain->length());
+}
 
 void srcText::Clear()
 {
-    QTextCursor cursor = m_rtfMain->textCursor();
-    if (m_rtfMain->isReadOnly() || !cursor.hasSelection())
+    if (m_rtfMain->isReadOnly() || !m_rtfMain->hasSelection())
         return;
-    cursor.removeSelectedText();
-    m_rtfMain->setTextCursor(cursor);
+    m_rtfMain->replaceSelection({});
+    emitSelChangeIfMoved();
 }
 
 void srcText::Append(const QString &strText)
 {
-    QTextCursor cursor(m_rtfMain->document());
-    cursor.movePosition(QTextCursor::End);
-    cursor.insertText(strText);
+    const QByteArray bytes = textfile::toBytes(withCrLfBreaks(strText));
+    if (!bytes.isEmpty())
+        m_rtfMain->SendScintilla(SourceEditBox::SCI_APPENDTEXT, uintptr_t(bytes.size()),
+                                 bytes.constData());
+    m_rtfMain->settle();
 }
 
-bool srcText::CanPaste() const { return m_rtfMain->canPaste(); }
+bool srcText::CanPaste() const
+{
+    const QMimeData *data = QGuiApplication::clipboard()->mimeData();
+    return !m_rtfMain->isReadOnly() && data && data->hasText();
+}
 
-bool srcText::CanCopy() const { return m_rtfMain->textCursor().hasSelection(); }
+bool srcText::CanCopy() const
+{
+    return m_rtfMain->hasSelection();
+}
 
 void srcText::Undo()
 {
     m_colouring->undo();
     // The lines come back coloured at once, as after a key.
     flushTyping();
-    m_rtfMain->ensureCursorVisible();
+    m_rtfMain->send(SourceEditBox::SCI_SCROLLCARET);
+    emitSelChangeIfMoved();
 }
 
 void srcText::Redo()
 {
     m_colouring->redo();
     flushTyping();
-    m_rtfMain->ensureCursorVisible();
+    m_rtfMain->send(SourceEditBox::SCI_SCROLLCARET);
+    emitSelChangeIfMoved();
 }
 
 int srcText::Find(const QString &bstrString, int vStart, int vEnd, int vOptions)
@@ -622,8 +656,8 @@ int srcText::Find(const QString &bstrString, int vStart, int vEnd, int vOptions)
         return -1;
     if (vOptions == 0) {
         // The usual search (no options, a text within one line, Latin-1) runs on the
-        // document's own text with the fast matcher of Find in Files, without building
-        // the joined text: a 10 MiB document is searched in a few milliseconds.
+        // box's own bytes with the fast matcher of Find in Files, without a copy of
+        // the text: a 10 MiB document is searched in a few milliseconds.
         const qsizetype found = findOnOneLine(bstrString, vStart, vEnd);
         if (found != NotSearched) {
             if (found >= 0)
@@ -662,35 +696,20 @@ qsizetype srcText::findOnOneLine(const QString &text, int vStart, int vEnd) cons
     const CaselessPattern pattern(text);
     if (!pattern.isLatin1() || text.contains(u'\r') || text.contains(u'\n'))
         return NotSearched;
-    const QTextDocument &doc = *m_rtfMain->document();
-    const qsizetype length = positions::publicLength(doc);
+    const QByteArrayView bytes = m_rtfMain->bytes();
+    const qsizetype length = bytes.size();
     const qsizetype end = (vEnd < 0 || vEnd > length) ? length : vEnd;
     const qsizetype from = std::max(0, vStart);
     if (from >= end)
         return -1;
-    // Line breaks are single separators in the document's text; no match can hold
-    // one, so a match keeps its length in public positions.
-    const QString raw = doc.toRawText();
-    qsizetype docFrom = toDocument(doc, from);
-    const qsizetype docEnd = std::min<qsizetype>(toDocument(doc, end), raw.size());
-    for (;;) {
-        const qsizetype at = pattern.indexIn(raw, docFrom, docEnd);
-        if (at < 0)
-            return -1;
-        const qsizetype found = toPublic(doc, int(at));
-        if (found + text.size() > end)
-            return -1;
-        if (found >= from)
-            return found;
-        docFrom = at + 1;
-    }
+    const qsizetype at = pattern.indexIn(bytes.data() + from, end - from);
+    return at < 0 ? -1 : from + at;
 }
 
 void srcText::UpTo(const QString &bstrCharacterSet, bool vForward, bool vNegate)
 {
     const QString text = Text();
-    const QTextDocument &doc = *m_rtfMain->document();
-    qsizetype i = toPublic(doc, m_rtfMain->textCursor().position());
+    qsizetype i = m_rtfMain->caret();
     if (vForward) {
         while (i < text.size() && bstrCharacterSet.contains(text.at(i)) == vNegate)
             ++i;
@@ -698,16 +717,14 @@ void srcText::UpTo(const QString &bstrCharacterSet, bool vForward, bool vNegate)
         while (i > 0 && bstrCharacterSet.contains(text.at(i - 1)) == vNegate)
             --i;
     }
-    QTextCursor cursor = m_rtfMain->textCursor();
-    cursor.setPosition(toDocument(doc, i));
-    m_rtfMain->setTextCursor(cursor);
+    i = boxPosition(i);
+    select(i, i);
 }
 
 void srcText::Span(const QString &bstrCharacterSet, bool vForward, bool vNegate)
 {
     const QString text = Text();
-    const QTextDocument &doc = *m_rtfMain->document();
-    const qsizetype from = toPublic(doc, m_rtfMain->textCursor().position());
+    const qsizetype from = m_rtfMain->caret();
     qsizetype i = from;
     if (vForward) {
         while (i < text.size() && bstrCharacterSet.contains(text.at(i)) != vNegate)
@@ -716,40 +733,48 @@ void srcText::Span(const QString &bstrCharacterSet, bool vForward, bool vNegate)
         while (i > 0 && bstrCharacterSet.contains(text.at(i - 1)) != vNegate)
             --i;
     }
-    QTextCursor cursor = m_rtfMain->textCursor();
-    cursor.setPosition(toDocument(doc, from));
-    cursor.setPosition(toDocument(doc, i), QTextCursor::KeepAnchor);
-    m_rtfMain->setTextCursor(cursor);
+    select(from, boxPosition(i));
 }
 
 void srcText::SelPrint(QPagedPaintDevice *lHDC)
 {
     if (!lHDC)
         return;
-    const QTextCursor cursor = m_rtfMain->textCursor();
-    const QTextDocumentFragment fragment = cursor.hasSelection()
-                                               ? cursor.selection()
-                                               : QTextDocumentFragment(m_rtfMain->document());
-    QTextDocument printed;
-    printed.setDefaultFont(font());
-    QTextCursor(&printed).insertFragment(fragment);
-    // The colours are the lines' own, not the text's: the printed copy gets them as
-    // formats of its text.
-    printColours(printed, cursor.hasSelection() ? cursor.selectionStart() : 0,
-                 cursor.hasSelection() ? cursor.selectionEnd()
-                                       : m_rtfMain->document()->characterCount() - 1);
-    printed.print(lHDC);
+    const bool selection = m_rtfMain->hasSelection();
+    qsizetype from = selection ? m_rtfMain->selectionStart() : 0;
+    const qsizetype to = selection ? m_rtfMain->selectionEnd() : m_rtfMain->length();
+    QPainter painter;
+    if (!painter.begin(lHDC))
+        return;
+    // The box lays the text out page by page in its own styles, colours and all.
+    const QRect page(QPoint(0, 0), QSize(lHDC->width(), lHDC->height()));
+    m_rtfMain->send(SourceEditBox::SCI_SETPRINTCOLOURMODE, SourceEditBox::SC_PRINT_COLOURONWHITE);
+    m_rtfMain->send(SourceEditBox::SCI_SETPRINTWRAPMODE, SourceEditBox::SC_WRAP_WORD);
+    do {
+        const long next = m_rtfMain->SendScintilla(SourceEditBox::SCI_FORMATRANGE, 1, &painter,
+                                                   page, long(from), long(to));
+        if (next <= from)
+            break;
+        from = next;
+        if (from < to)
+            lHDC->newPage();
+    } while (from < to);
+    painter.end();
 }
 
 // ---- Events ----------------------------------------------------------------------------------
 
-void srcText::onContentsChange(int from, int removed, int added)
+void srcText::onEdited(qsizetype position, qsizetype removed, qsizetype added)
 {
-    if (m_colouring->isApplying() || (removed == 0 && added == 0))
+    // The colourer's own respellings and a text going in as a whole are no edits.
+    if (m_colouring->isApplying() || m_loading)
         return;
-    m_colouring->noteChange(from, removed, added);
-    if (m_loading)
-        return;
+    noteEdit(position, removed, added);
+}
+
+void srcText::noteEdit(qsizetype position, qsizetype removed, qsizetype added)
+{
+    m_colouring->noteChange(position, removed, added);
     m_modified = true;
     Q_EMIT Change();
     if (!m_busy && !m_flushQueued) {
@@ -763,16 +788,15 @@ void srcText::onContentsChange(int from, int removed, int added)
 void srcText::flushTyping()
 {
     m_flushQueued = false;
-    // Lines of a text still going in are coloured by the run that follows the load.
     if (m_loading)
         return;
-    m_colouring->flush(m_rtfMain->textCursor().position());
+    m_colouring->flush(m_rtfMain->caret());
 }
 
 void srcText::emitScrollIfMoved()
 {
-    const int h = m_rtfMain->horizontalScrollBar()->value();
-    const int v = m_rtfMain->verticalScrollBar()->value();
+    const int h = int(m_rtfMain->send(SourceEditBox::SCI_GETXOFFSET));
+    const int v = m_rtfMain->firstVisibleLine();
     if (h != m_lastHScroll) {
         m_lastHScroll = h;
         Q_EMIT HScroll();

@@ -2,17 +2,16 @@
 
 #include "editor/core/LineEnds.h"
 
+#include "editor/core/StyleTable.h"
+
 #include <QFont>
 #include <QPoint>
-#include <QTextCursor>
 #include <QWidget>
 
 #include <memory>
 #include <vector>
 
 class QPagedPaintDevice;
-class QPlainTextEdit;
-class QTextDocument;
 class QTimer;
 
 namespace tessaro {
@@ -21,15 +20,17 @@ struct RtfColourRun;
 struct RtfDocument;
 class PropertyBag;
 class SourceEditBox;
+class ScintillaText;
 class DocumentColourer;
 
-// The source editor control: a plain-text box (rtfMain) with colour coding, file
+// The source editor control: a Scintilla text box (rtfMain) with colour coding, file
 // loading and saving, block editing and progress reporting. Every document window
 // holds one, as its `code` control.
 //
-// Positions: every public position (SelStart, SelLength, Find, SetSelection,
-// CharacterCount, Text, UpTo, Span, ...) counts a line break as two characters, as
-// if the lines were joined by CR LF; Text gives the lines joined by CR LF.
+// The box holds the text as 8-bit bytes (each one character, Latin-1) with every line
+// break written CR LF, so every public position (SelStart, SelLength, Find,
+// SetSelection, CharacterCount, Text, UpTo, Span, ...) is a position in the box, and
+// a line break counts two characters; Text gives the lines joined by CR LF.
 //
 // Members are invokable by name and the properties are Qt properties, so the main
 // window reaches the control by member name (callByName / readByName of
@@ -88,7 +89,7 @@ public:
 
     // ---- Colouring ---------------------------------------------------------------
     // Colours the whole text with the scanner of the current Mode. The run works on
-    // a snapshot in rtfTemp in time slices and returns to the event loop between
+    // a snapshot of the text (rtfTemp's text) in time slices and returns to the event loop between
     // them; it raises ProgressStart, ProgressChange (once a second) and
     // ProgressComplete. A text changed during the run is coloured again from a new
     // snapshot.
@@ -121,10 +122,6 @@ public:
     // it (mode and colouring from the file name), but as a changed text: Modified is
     // set. New lines get the given break.
     void restoreText(const QString &text, LineEnd usual, const QString &strFileName);
-    // The size (in characters) of the pieces LoadFile puts a large text in with; a
-    // piece ends at a line break. Tests make it small.
-    static void setLoadPieceSize(qsizetype chars);
-    static qsizetype loadPieceSize() { return s_loadPieceSize; }
 
     // ---- Clipboard and text operations -------------------------------------------------
     Q_INVOKABLE void Copy();
@@ -176,7 +173,7 @@ public:
     void setSelLength(qsizetype New_SelLength);
     QString SelText() const;
     void setSelText(const QString &New_SelText);
-    QPlainTextEdit *hWnd() const;
+    SourceEditBox *hWnd() const;
     // The text, or the selection, as rich text in the rich-edit box's shape with the
     // colours it carries; set, the rich text's text and colours replace it.
     QString TextRTF() const;
@@ -211,6 +208,7 @@ public:
     QString CommentMarker() const { return m_commentMarker; }
 
     // Lines are the text's lines (a wrapped line counts once), numbered from 0.
+    // CurrentColumn counts characters from the line's start (a tab counts one).
     int LineCount() const;
     int GetFirstLineVisible() const;
     int CurrentColumn() const;
@@ -233,7 +231,10 @@ public:
     // Indent and Outdent use IndentValue blanks when true, one tab when false (the
     // default, matching the tab-indented sources of the game).
     bool IndentWithBlanks() const { return m_indentWithBlanks; }
-    void setIndentWithBlanks(bool New_IndentWithBlanks) { m_indentWithBlanks = New_IndentWithBlanks; }
+    void setIndentWithBlanks(bool New_IndentWithBlanks)
+    {
+        m_indentWithBlanks = New_IndentWithBlanks;
+    }
 
     Q_INVOKABLE void SaveCursorPos();
     Q_INVOKABLE void RestoreCursorPos();
@@ -247,13 +248,14 @@ public:
     Q_INVOKABLE void InsertBlock(const QString &strCode, bool bReplaceSelection = true,
                                  bool bIndent = true);
     Q_INVOKABLE QString GetIndent(const QString &strLine) const;
-    // Sets the background colour of the selection (a colour value: red + 256 * green + 65536 * blue).
+    // Sets the background colour of the selection (a colour value: red + 256 * green + 65536 *
+    // blue).
     Q_INVOKABLE void FontBackColour(quint32 oColor);
     // 0 no wrapping, 1 wrap at the window's width at word boundaries, 2 wrap at the
     // window's width anywhere (long words are broken too).
     Q_INVOKABLE void SetViewMode(int eViewMode);
     int ViewMode() const { return m_viewMode; }
-    // The top-left pixel of a character in rtfMain's viewport, and the character
+    // The top-left pixel of a character in rtfMain's text area, and the character
     // nearest to a pixel.
     Q_INVOKABLE QPoint GetPosFromChar(qsizetype lChar) const;
     Q_INVOKABLE qsizetype CharFromPos(int xPixels, int yPixels) const;
@@ -268,9 +270,7 @@ public:
     Q_INVOKABLE void SetTempSelection(qsizetype lStart, qsizetype lEnd);
     qsizetype CharacterCount() const;
     qsizetype TempCharacterCount() const;
-    QPlainTextEdit *RTFBox() const;
-    // The hidden snapshot document that colouring works on.
-    QTextDocument *TempDocument() const;
+    SourceEditBox *RTFBox() const;
 
 Q_SIGNALS:
     // The events, in the order the control documents them.
@@ -289,6 +289,9 @@ Q_SIGNALS:
     void FileLoaded(const QString &strFileName);
     // Raised by SaveFile with the file's name once the file was written.
     void FileSaved(const QString &strFileName);
+
+protected:
+    void changeEvent(QEvent *event) override;
 
 private:
     friend class SourceEditBox;
@@ -312,9 +315,14 @@ private:
     void rewriteBlock(const QString &marker, bool add);
     QString commentMarkerForBlock() const;
     QString indentUnit() const;
+    // The box's styles: the font, the background and the colours of every style.
     void applyTextFont();
     void applyBackground();
-    void onContentsChange(int from, int removed, int added);
+    void applyStyles();
+    void onEdited(qsizetype position, qsizetype removed, qsizetype added);
+    // The box position of a public one: within the text, and never between the CR
+    // and the LF of a line break (a position on the LF is the end of its line).
+    qsizetype boxPosition(qsizetype position) const;
     void emitSelChangeIfMoved();
     void emitScrollIfMoved();
     void afterKey();
@@ -322,25 +330,36 @@ private:
     void startRun(bool html, bool respell);
     void loadWordLists(int mode);
     void updateColours();
-    void updateMarks();
-    RtfDocument readFile(const QString &strFileName, int FileType);
-    void printColours(QTextDocument &printed, int from, int to) const;
-    // Gives the whole text the colours of the runs (positions of Text).
+    void defineMarks();
+    // Gives the whole text the colours of the runs (positions of Text), in place of
+    // what a run under way or the typing path would give.
     void applyColourRuns(const std::vector<RtfColourRun> &runs);
-    // Replaces the text (undo history emptied, changes not told). Serving events, a
-    // text larger than one piece goes in piece by piece with the event loop served in
-    // between; false when the control went away or another text replaced this one
-    // meanwhile.
-    bool setDocumentText(const QString &text, const LineEnds *lineEnds,
-                         bool servingEvents = false);
-    bool putTextInPieces(const QString &text, quint64 generation);
+    // Gives [from, from + length) the colours of the runs (positions from `from`);
+    // the colours outside it stay.
+    void styleRuns(qsizetype from, qsizetype length, const std::vector<RtfColourRun> &runs);
+    // The colour runs of [from, to), at positions from `from`.
+    std::vector<RtfColourRun> colourRuns(qsizetype from, qsizetype to) const;
+    // Replaces the text (undo history emptied, changes not told), each line's break
+    // remembered from the file's breaks.
+    void setDocumentBytes(const QByteArray &bytes, const LineEnds *lineEnds);
+    // An edit of the text that the control tells of: Modified, Change, colouring.
+    void noteEdit(qsizetype position, qsizetype removed, qsizetype added);
+    void select(qsizetype anchor, qsizetype caret);
+    QString lineText(int line) const;
+    // The text as SaveFile writes it, as bytes.
+    QByteArray fileBytes() const;
 
     SourceEditBox *m_rtfMain = nullptr;
-    QTextDocument *m_rtfTemp = nullptr;
+    std::unique_ptr<ScintillaText> m_text;
+    StyleTable m_styles;
     QTimer *m_tmrInsert = nullptr;
     QTimer *m_tmrUpdate = nullptr;
     std::unique_ptr<DocumentColourer> m_colouring;
-    QTextCursor m_tempCursor;
+    // The selection in the snapshot of the last colouring run (rtfTemp's selection).
+    qsizetype m_tempSelStart = 0;
+    qsizetype m_tempSelEnd = 0;
+    // The colours FontBackColour has given backgrounds in, one box indicator each.
+    std::vector<quint32> m_backColours;
 
     QString m_fileName;
     QString m_commentMarker;
@@ -359,10 +378,6 @@ private:
     bool m_modified = false;
     bool m_busy = false;
     bool m_loading = false;
-    // Counts the texts set as a whole, so a load that serves events sees when
-    // another text took its place.
-    quint64 m_textGeneration = 0;
-    static qsizetype s_loadPieceSize;
     bool m_flushQueued = false;
     // The two flags of the typing path: colouring that starts from a key or from a
     // paste raises no progress events.
@@ -381,7 +396,6 @@ private:
         int hscroll = 0;
         bool valid = false;
     } m_savedCursor;
-    QList<QTextCursor> m_marks;
 };
 
 } // namespace tessaro

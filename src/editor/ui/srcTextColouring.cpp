@@ -36,20 +36,28 @@ void srcText::setWordLists(const QString &black, const QString &blue)
     m_colouring->setRequest(request);
 }
 
-void srcText::ColourDocument() { startRun(false, true); }
+void srcText::ColourDocument()
+{
+    startRun(false, true);
+}
 
-void srcText::ColorizeWordsHTML() { startRun(true, true); }
+void srcText::ColorizeWordsHTML()
+{
+    startRun(true, true);
+}
 
 void srcText::startRun(bool html, bool respell)
 {
     ScanRequest request = m_colouring->request();
     request.ignoreVBHeader = m_ignoreVBHeader;
     m_colouring->setRequest(request);
-    m_rtfTemp->setDefaultFont(font());
     m_colouring->start(html, m_colouringFromKeys || m_colouringFromPaste, respell);
 }
 
-bool srcText::CancelColour() const { return m_colouring->cancelPending(); }
+bool srcText::CancelColour() const
+{
+    return m_colouring->cancelPending();
+}
 
 void srcText::setCancelColour(bool New_CancelColour)
 {

@@ -3,25 +3,26 @@
 
 #include "editor/core/BlockEdit.h"
 #include "editor/core/ColourScan.h"
-#include "editor/core/ColouredLines.h"
 #include "editor/core/DocumentColourer.h"
-#include "editor/core/EditorPositions.h"
 #include "editor/core/KeyCodes.h"
 #include "editor/core/PropertyColour.h"
+#include "editor/core/RtfDocument.h"
 #include "editor/ui/SourceEditBox.h"
 #include "editor/ui/srcText.h"
+#include "platform/core/TextFile.h"
 
 #include <QCursor>
 #include <QGuiApplication>
 #include <QKeyEvent>
-#include <QScrollBar>
-#include <QTextBlock>
 
 #include <algorithm>
 
 namespace tessaro {
 
-QString srcText::GetIndent(const QString &strLine) const { return blockedit::GetIndent(strLine); }
+QString srcText::GetIndent(const QString &strLine) const
+{
+    return blockedit::GetIndent(strLine);
+}
 
 QString srcText::indentUnit() const
 {
@@ -52,9 +53,21 @@ void srcText::UncommentBlock()
         rewriteBlock(marker, false);
 }
 
-void srcText::Indent() { rewriteBlock(indentUnit(), true); }
+void srcText::Indent()
+{
+    rewriteBlock(indentUnit(), true);
+}
 
-void srcText::Outdent() { rewriteBlock(indentUnit(), false); }
+void srcText::Outdent()
+{
+    rewriteBlock(indentUnit(), false);
+}
+
+QString srcText::lineText(int line) const
+{
+    const qsizetype start = m_rtfMain->lineStart(line);
+    return textfile::fromBytes(m_rtfMain->bytes(start, m_rtfMain->lineEnd(line)));
+}
 
 void srcText::rewriteBlock(const QString &marker, bool add)
 {
@@ -64,56 +77,46 @@ void srcText::rewriteBlock(const QString &marker, bool add)
     m_rtfMain->setUpdatesEnabled(false);
     m_busy = true;
 
-    QTextDocument *doc = m_rtfMain->document();
-    const QTextCursor selection = m_rtfMain->textCursor();
-    QTextBlock first = doc->findBlock(selection.selectionStart());
-    QTextBlock last = doc->findBlock(selection.selectionEnd());
+    const qsizetype selStart = m_rtfMain->selectionStart();
+    const qsizetype selEnd = m_rtfMain->selectionEnd();
+    const int firstLine = m_rtfMain->lineOf(selStart);
+    int lastLine = m_rtfMain->lineOf(selEnd);
     // A selection that ends at the very start of a line does not take that line in.
-    if (selection.hasSelection() && last != first && selection.selectionEnd() == last.position())
-        last = last.previous();
-    const int firstLine = first.blockNumber();
-    const int lastLine = last.blockNumber();
+    if (selEnd > selStart && lastLine != firstLine && selEnd == m_rtfMain->lineStart(lastLine))
+        --lastLine;
 
-    QTextCursor cursor(doc);
-    cursor.beginEditBlock();
-    for (QTextBlock block = first; block.isValid() && block.blockNumber() <= lastLine;
-         block = block.next()) {
+    const QByteArray markerBytes = textfile::toBytes(marker);
+    m_rtfMain->send(SourceEditBox::SCI_BEGINUNDOACTION);
+    for (int line = firstLine; line <= lastLine; ++line) {
+        const qsizetype start = m_rtfMain->lineStart(line);
         if (add) {
-            cursor.setPosition(block.position());
-            cursor.insertText(marker);
+            m_rtfMain->SendScintilla(SourceEditBox::SCI_INSERTTEXT, uintptr_t(start),
+                                     markerBytes.constData());
         } else {
-            const blockedit::Removal removal = blockedit::markerRemoval(block.text(), marker);
-            if (removal.offset >= 0) {
-                cursor.setPosition(block.position() + removal.offset);
-                cursor.setPosition(block.position() + removal.offset + removal.length,
-                                   QTextCursor::KeepAnchor);
-                cursor.removeSelectedText();
-            }
+            const blockedit::Removal removal = blockedit::markerRemoval(lineText(line), marker);
+            if (removal.offset >= 0)
+                m_rtfMain->send(SourceEditBox::SCI_DELETERANGE, ulong(start + removal.offset),
+                                removal.length);
         }
     }
-    cursor.endEditBlock();
-    const QTextBlock lastBlock = doc->findBlockByNumber(lastLine);
-    const int start = doc->findBlockByNumber(firstLine).position();
-    const int end = lastBlock.position() + lastBlock.length() - 1;
+    m_rtfMain->send(SourceEditBox::SCI_ENDUNDOACTION);
+    m_rtfMain->settle();
+    const qsizetype start = m_rtfMain->lineStart(firstLine);
+    const qsizetype end = m_rtfMain->lineEnd(lastLine);
     const bool commenting = add && marker == commentMarkerForBlock();
     if (commenting && m_mode != mode::Html && DocumentColourer::modeColours(m_mode, false)) {
         // The commented block shows as a comment at once, without a colouring run.
-        QTextLayout::FormatRange comment;
-        comment.format.setForeground(propertycolour::toColor(m_colourComment, palette()));
-        ColouredLines lines(doc);
-        for (QTextBlock block = doc->findBlockByNumber(firstLine);
-             block.isValid() && block.blockNumber() <= lastLine; block = block.next()) {
-            comment.start = 0;
-            comment.length = block.length() - 1;
-            lines.setColours(block, comment.length > 0 ? ColouredLines::Ranges{comment}
-                                                       : ColouredLines::Ranges{});
+        std::vector<RtfColourRun> comment;
+        const QPalette pal = palette();
+        const ColourValue colour =
+            propertycolour::fromColor(propertycolour::toColor(m_colourComment, pal));
+        for (int line = firstLine; line <= lastLine; ++line) {
+            const qsizetype from = m_rtfMain->lineStart(line);
+            comment.push_back({from - start, m_rtfMain->lineEnd(line) - from, colour});
         }
+        styleRuns(start, end - start, comment);
     }
-
-    QTextCursor selected(doc);
-    selected.setPosition(start);
-    selected.setPosition(end, QTextCursor::KeepAnchor);
-    m_rtfMain->setTextCursor(selected);
+    select(start, end);
     m_busy = false;
     flushTyping();
 
@@ -126,48 +129,74 @@ void srcText::InsertBlock(const QString &strCode, bool bReplaceSelection, bool b
 {
     if (m_rtfMain->isReadOnly())
         return;
-    QTextCursor cursor = m_rtfMain->textCursor();
-    if (!bReplaceSelection)
-        cursor.setPosition(cursor.selectionStart()); // in front of the selected text
+    const qsizetype anchor = m_rtfMain->anchor();
+    const qsizetype caret = m_rtfMain->caret();
+    const qsizetype at = m_rtfMain->selectionStart();
     const QString indent =
-        bIndent ? blockedit::GetIndent(cursor.document()->findBlock(cursor.selectionStart()).text())
-                : QString();
+        bIndent ? blockedit::GetIndent(lineText(m_rtfMain->lineOf(at))) : QString();
     QString code = strCode;
     code.replace(QLatin1String("\r\n"), QLatin1String("\n")).replace(u'\r', u'\n');
     if (!indent.isEmpty())
         code.replace(QLatin1String("\n"), QLatin1String("\n") + indent);
-    cursor.beginEditBlock();
-    cursor.insertText(code);
-    cursor.endEditBlock();
-    // A kept selection moves with its text; a replaced one leaves the caret after
-    // the block.
-    if (bReplaceSelection)
-        m_rtfMain->setTextCursor(cursor);
+    const QByteArray bytes = textfile::toBytes(withCrLfBreaks(code));
+    if (bReplaceSelection) {
+        // The caret ends after the block.
+        m_rtfMain->replaceSelection(bytes);
+    } else {
+        // The block goes in front of the selected text, which moves with its text.
+        m_rtfMain->send(SourceEditBox::SCI_SETTARGETRANGE, ulong(at), at);
+        if (!bytes.isEmpty())
+            m_rtfMain->SendScintilla(SourceEditBox::SCI_REPLACETARGET, uintptr_t(bytes.size()),
+                                     bytes.constData());
+        m_rtfMain->settle();
+        m_rtfMain->select(anchor + bytes.size(), caret + bytes.size());
+    }
     flushTyping();
+    emitSelChangeIfMoved();
 }
 
 void srcText::FontBackColour(quint32 oColor)
 {
-    QTextCursor cursor = m_rtfMain->textCursor();
-    if (!cursor.hasSelection())
+    if (!m_rtfMain->hasSelection())
         return;
-    QTextCharFormat format;
-    format.setBackground(propertycolour::toColor(oColor, palette()));
-    cursor.mergeCharFormat(format);
+    // A background is a box indicator drawn under the text, one for each colour (the
+    // box has 24 for its container); it moves with its text and no colouring touches
+    // it.
+    constexpr int FirstIndicator = 8;
+    constexpr int Indicators = 24;
+    const QColor colour = propertycolour::toColor(oColor, palette());
+    const quint32 value = propertycolour::fromColor(colour);
+    auto known = std::find(m_backColours.begin(), m_backColours.end(), value);
+    if (known == m_backColours.end()) {
+        if (int(m_backColours.size()) == Indicators)
+            known = m_backColours.end() - 1;
+        else
+            known = m_backColours.insert(m_backColours.end(), value);
+        const int indicator = FirstIndicator + int(known - m_backColours.begin());
+        m_rtfMain->send(SourceEditBox::SCI_INDICSETSTYLE, indicator,
+                        SourceEditBox::INDIC_STRAIGHTBOX);
+        m_rtfMain->SendScintilla(SourceEditBox::SCI_INDICSETFORE, ulong(indicator), colour);
+        m_rtfMain->send(SourceEditBox::SCI_INDICSETALPHA, indicator, 255);
+        m_rtfMain->send(SourceEditBox::SCI_INDICSETOUTLINEALPHA, indicator, 255);
+        m_rtfMain->send(SourceEditBox::SCI_INDICSETUNDER, indicator, 1);
+    }
+    const qsizetype start = m_rtfMain->selectionStart();
+    const qsizetype length = m_rtfMain->selectionEnd() - start;
+    for (std::size_t i = 0; i < m_backColours.size(); ++i) {
+        m_rtfMain->send(SourceEditBox::SCI_SETINDICATORCURRENT, ulong(FirstIndicator + int(i)));
+        m_rtfMain->send(SourceEditBox::SCI_INDICATORCLEARRANGE, ulong(start), length);
+    }
+    m_rtfMain->send(SourceEditBox::SCI_SETINDICATORCURRENT,
+                    ulong(FirstIndicator + int(known - m_backColours.begin())));
+    m_rtfMain->send(SourceEditBox::SCI_INDICATORFILLRANGE, ulong(start), length);
 }
 
 void srcText::SetViewMode(int eViewMode)
 {
     switch (eViewMode) {
-    case 0: m_rtfMain->setLineWrapMode(QPlainTextEdit::NoWrap); break;
-    case 1:
-        m_rtfMain->setLineWrapMode(QPlainTextEdit::WidgetWidth);
-        m_rtfMain->setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
-        break;
-    case 2:
-        m_rtfMain->setLineWrapMode(QPlainTextEdit::WidgetWidth);
-        m_rtfMain->setWordWrapMode(QTextOption::WrapAnywhere);
-        break;
+    case 0: m_rtfMain->send(SourceEditBox::SCI_SETWRAPMODE, SourceEditBox::SC_WRAP_NONE); break;
+    case 1: m_rtfMain->send(SourceEditBox::SCI_SETWRAPMODE, SourceEditBox::SC_WRAP_WORD); break;
+    case 2: m_rtfMain->send(SourceEditBox::SCI_SETWRAPMODE, SourceEditBox::SC_WRAP_CHAR); break;
     default: return;
     }
     m_viewMode = eViewMode;
@@ -175,57 +204,46 @@ void srcText::SetViewMode(int eViewMode)
 
 // ---- Marks and the caret memory -----------------------------------------------------------
 
+namespace {
+// The box's marker that marks a line; it is drawn as the line's background.
+constexpr int MarkMarker = 1;
+} // namespace
+
+void srcText::defineMarks()
+{
+    m_rtfMain->send(SourceEditBox::SCI_MARKERDEFINE, MarkMarker, SourceEditBox::SC_MARK_BACKGROUND);
+    m_rtfMain->SendScintilla(SourceEditBox::SCI_MARKERSETBACK, MarkMarker, QColor(255, 243, 176));
+}
+
 void srcText::Mark()
 {
-    QTextCursor line = m_rtfMain->textCursor();
-    line.clearSelection();
-    line.movePosition(QTextCursor::StartOfBlock);
-    const int number = line.blockNumber();
-    const auto existing = std::find_if(m_marks.begin(), m_marks.end(), [&](const QTextCursor &c) {
-        return c.blockNumber() == number;
-    });
-    if (existing != m_marks.end())
-        m_marks.erase(existing);
+    const int line = CurrentLine();
+    if (m_rtfMain->send(SourceEditBox::SCI_MARKERGET, line) & (1 << MarkMarker))
+        m_rtfMain->send(SourceEditBox::SCI_MARKERDELETE, line, MarkMarker);
     else
-        m_marks.append(line);
-    updateMarks();
+        m_rtfMain->send(SourceEditBox::SCI_MARKERADD, line, MarkMarker);
 }
 
 void srcText::ClearMarks()
 {
-    m_marks.clear();
-    updateMarks();
+    m_rtfMain->send(SourceEditBox::SCI_MARKERDELETEALL, MarkMarker);
 }
 
 QList<int> srcText::MarkedLines() const
 {
     QList<int> lines;
-    for (const QTextCursor &mark : m_marks)
-        if (!lines.contains(mark.blockNumber()))
-            lines.append(mark.blockNumber());
-    std::sort(lines.begin(), lines.end());
+    for (long line = m_rtfMain->send(SourceEditBox::SCI_MARKERNEXT, 0, 1 << MarkMarker); line >= 0;
+         line = m_rtfMain->send(SourceEditBox::SCI_MARKERNEXT, ulong(line + 1), 1 << MarkMarker))
+        lines.append(int(line));
     return lines;
-}
-
-void srcText::updateMarks()
-{
-    QList<QTextEdit::ExtraSelection> selections;
-    for (const QTextCursor &mark : m_marks) {
-        QTextEdit::ExtraSelection selection;
-        selection.cursor = mark;
-        selection.format.setBackground(QColor(255, 243, 176));
-        selection.format.setProperty(QTextFormat::FullWidthSelection, true);
-        selections.append(selection);
-    }
-    m_rtfMain->setExtraSelections(selections);
 }
 
 void srcText::SaveCursorPos()
 {
     m_savedCursor.start = SelStart();
     m_savedCursor.length = SelLength();
-    m_savedCursor.vscroll = m_rtfMain->verticalScrollBar()->value();
-    m_savedCursor.hscroll = m_rtfMain->horizontalScrollBar()->value();
+    m_savedCursor.vscroll = int(m_rtfMain->send(SourceEditBox::SCI_GETFIRSTVISIBLELINE));
+    m_savedCursor.hscroll = int(m_rtfMain->send(SourceEditBox::SCI_GETXOFFSET));
     m_savedCursor.valid = true;
 }
 
@@ -234,8 +252,8 @@ void srcText::RestoreCursorPos()
     if (!m_savedCursor.valid)
         return;
     SetSelection(m_savedCursor.start, m_savedCursor.start + m_savedCursor.length);
-    m_rtfMain->verticalScrollBar()->setValue(m_savedCursor.vscroll);
-    m_rtfMain->horizontalScrollBar()->setValue(m_savedCursor.hscroll);
+    m_rtfMain->send(SourceEditBox::SCI_SETFIRSTVISIBLELINE, ulong(m_savedCursor.vscroll));
+    m_rtfMain->send(SourceEditBox::SCI_SETXOFFSET, ulong(m_savedCursor.hscroll));
 }
 
 // ---- Keys ------------------------------------------------------------------------------------
@@ -288,15 +306,15 @@ bool srcText::handleKeyDown(QKeyEvent *event)
         if (ascii == 0)
             return true;
         if (ascii != typed && ascii >= 32 && ascii != 127) {
-            m_rtfMain->insertPlainText(QString(QChar(ascii)));
+            m_rtfMain->replaceSelection(textfile::toBytes(QString(QChar(ascii))));
             afterKey();
             return true;
         }
     }
     if (code == Enter) {
-        // A plain line break: never the line separator that Shift+Enter would give.
-        m_rtfMain->textCursor().insertText(QStringLiteral("\n"));
-        m_rtfMain->ensureCursorVisible();
+        // A plain line break, with Shift too.
+        m_rtfMain->replaceSelection("\r\n");
+        m_rtfMain->send(SourceEditBox::SCI_SCROLLCARET);
         afterKey();
         return true;
     }
@@ -308,6 +326,7 @@ void srcText::afterKey()
     m_colouringFromKeys = true;
     flushTyping();
     m_colouringFromKeys = false;
+    emitSelChangeIfMoved();
 }
 
 void srcText::handleKeyUp(QKeyEvent *event)
@@ -319,14 +338,10 @@ void srcText::handleKeyUp(QKeyEvent *event)
 void srcText::autoIndentNewLine()
 {
     m_busy = true;
-    QTextCursor cursor = m_rtfMain->textCursor();
     const QString indent =
-        blockedit::GetIndent(cursor.document()->findBlock(cursor.selectionStart()).text());
-    cursor.beginEditBlock();
-    cursor.insertText(QStringLiteral("\n") + indent);
-    cursor.endEditBlock();
-    m_rtfMain->setTextCursor(cursor);
-    m_rtfMain->ensureCursorVisible();
+        blockedit::GetIndent(lineText(m_rtfMain->lineOf(m_rtfMain->selectionStart())));
+    m_rtfMain->replaceSelection(textfile::toBytes(QStringLiteral("\r\n") + indent));
+    m_rtfMain->send(SourceEditBox::SCI_SCROLLCARET);
     m_busy = false;
     Q_EMIT SelChange();
     afterKey();
@@ -334,10 +349,8 @@ void srcText::autoIndentNewLine()
 
 bool srcText::handleTab(bool backwards)
 {
-    const QTextCursor cursor = m_rtfMain->textCursor();
-    const QTextDocument *doc = m_rtfMain->document();
-    const bool lines = cursor.hasSelection() && doc->findBlock(cursor.selectionStart()) !=
-                                                    doc->findBlock(cursor.selectionEnd());
+    const qsizetype selStart = m_rtfMain->selectionStart();
+    const bool lines = m_rtfMain->lineOf(selStart) != m_rtfMain->lineOf(m_rtfMain->selectionEnd());
     if (backwards) {
         Outdent();
         return true;
@@ -349,8 +362,8 @@ bool srcText::handleTab(bool backwards)
     if (!m_indentWithBlanks)
         return false; // the box inserts the tab
     const int width = std::max(1, m_indentValue);
-    const int column = cursor.selectionStart() - doc->findBlock(cursor.selectionStart()).position();
-    m_rtfMain->insertPlainText(QString(width - column % width, u' '));
+    const int column = int(selStart - m_rtfMain->lineStart(m_rtfMain->lineOf(selStart)));
+    m_rtfMain->replaceSelection(QByteArray(width - column % width, ' '));
     afterKey();
     return true;
 }
@@ -359,17 +372,17 @@ bool srcText::handleBackspace()
 {
     // With blank indentation, Backspace in the leading blanks goes back to the
     // previous indent stop.
-    QTextCursor cursor = m_rtfMain->textCursor();
-    if (!m_indentWithBlanks || cursor.hasSelection() || m_indentValue < 1)
+    if (!m_indentWithBlanks || m_rtfMain->hasSelection() || m_indentValue < 1)
         return false;
-    const int column = cursor.positionInBlock();
-    const QString before = cursor.block().text().left(column);
+    const qsizetype caret = m_rtfMain->caret();
+    const int line = m_rtfMain->lineOf(caret);
+    const int column = int(caret - m_rtfMain->lineStart(line));
+    const QString before = lineText(line).left(column);
     if (column == 0 || before.count(u' ') != before.size())
         return false;
     const int back = column % m_indentValue == 0 ? m_indentValue : column % m_indentValue;
-    cursor.setPosition(cursor.position() - back, QTextCursor::KeepAnchor);
-    cursor.removeSelectedText();
-    m_rtfMain->setTextCursor(cursor);
+    m_rtfMain->send(SourceEditBox::SCI_DELETERANGE, ulong(caret - back), back);
+    m_rtfMain->settle();
     afterKey();
     return true;
 }

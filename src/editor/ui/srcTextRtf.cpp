@@ -1,111 +1,74 @@
 // The editor control's text as rich text: the rich-edit box's shape, with the colours
-// the text carries.
+// the text carries (the styles of the box).
 
 #include "editor/core/ColourTransfer.h"
-#include "editor/core/ColouredLines.h"
 #include "editor/core/DocumentColourer.h"
-#include "editor/core/EditorPositions.h"
-#include "editor/core/PropertyColour.h"
 #include "editor/core/RtfDocument.h"
+#include "editor/core/StyledText.h"
+#include "editor/ui/ScintillaText.h"
 #include "editor/ui/SourceEditBox.h"
 #include "editor/ui/srcText.h"
-
-#include <QTextBlock>
-#include <QTextDocument>
+#include "platform/core/TextFile.h"
 
 #include <algorithm>
 
 namespace tessaro {
 
-namespace {
-
-// The colour runs of a document range, at positions of the range's CR LF text.
-std::vector<RtfColourRun> colourRuns(const QTextDocument &doc, int from, int to)
+std::vector<RtfColourRun> srcText::colourRuns(qsizetype from, qsizetype to) const
 {
     std::vector<RtfColourRun> runs;
-    const qsizetype base = positions::toPublic(doc, from);
-    for (QTextBlock block = doc.findBlock(from); block.isValid() && block.position() < to;
-         block = block.next()) {
-        const int b0 = block.position();
-        for (const QTextLayout::FormatRange &range : ColouredLines::colours(block)) {
-            if (!range.format.hasProperty(QTextFormat::ForegroundBrush))
+    // The styles come from the box in pieces: a style byte after each text byte.
+    constexpr qsizetype Piece = 64 * 1024;
+    QByteArray styled;
+    for (qsizetype start = from; start < to; start += Piece) {
+        const qsizetype end = std::min(to, start + Piece);
+        styled.resize(2 * (end - start) + 2);
+        m_rtfMain->SendScintilla(SourceEditBox::SCI_GETSTYLEDTEXT, long(start), long(end),
+                                 styled.data());
+        for (qsizetype i = start; i < end; ++i) {
+            const int style = quint8(styled[2 * (i - start) + 1]);
+            if (style == StyleTable::Plain)
                 continue;
-            const int start = std::max(from, b0 + range.start);
-            const int end = std::min({to, b0 + range.start + range.length, b0 + block.length() - 1});
-            if (end <= start)
+            const std::optional<ColourValue> colour = m_styles.colourOf(style);
+            if (!colour)
                 continue;
-            const qsizetype pubStart = qsizetype(start) + block.blockNumber() - base;
-            const ColourValue colour = propertycolour::fromColor(range.format.foreground().color());
-            if (!runs.empty() && runs.back().colour == colour &&
-                runs.back().start + runs.back().length == pubStart)
-                runs.back().length += end - start;
+            const qsizetype at = i - from;
+            if (!runs.empty() && runs.back().colour == *colour &&
+                runs.back().start + runs.back().length == at)
+                ++runs.back().length;
             else
-                runs.push_back({pubStart, end - start, colour});
+                runs.push_back({at, 1, *colour});
         }
     }
     return runs;
 }
 
-// Gives the document range [from, to) the colours of the runs (positions of the
-// range's CR LF text); the lines' colours outside the range stay.
-void applyRuns(QTextDocument &doc, int from, int to, const std::vector<RtfColourRun> &runs,
-               const QPalette &palette)
+void srcText::styleRuns(qsizetype from, qsizetype length, const std::vector<RtfColourRun> &runs)
 {
-    const qsizetype base = positions::toPublic(doc, from);
-    ColouredLines lines(&doc);
-    std::size_t next = 0;
-    for (QTextBlock block = doc.findBlock(from); block.isValid() && block.position() <= to;
-         block = block.next()) {
-        const int b0 = block.position();
-        const int lineEnd = b0 + block.length() - 1;
-        ColouredLines::Ranges ranges;
-        for (QTextLayout::FormatRange range : ColouredLines::colours(block)) {
-            // What lies outside the range keeps its colour.
-            const int start = b0 + range.start;
-            const int end = start + range.length;
-            if (start < from) {
-                QTextLayout::FormatRange before = range;
-                before.length = std::min(end, from) - start;
-                ranges.append(before);
-            }
-            if (end > to) {
-                range.start = std::max(start, to) - b0;
-                range.length = end - b0 - range.start;
-                ranges.append(range);
-            }
+    from = std::clamp<qsizetype>(from, 0, m_rtfMain->length());
+    length = std::clamp<qsizetype>(length, 0, m_rtfMain->length() - from);
+    const QByteArrayView text = m_rtfMain->range(from, length);
+    QByteArray styles(length, char(StyleTable::Plain));
+    const std::size_t stylesBefore = m_styles.styles().size();
+    for (const RtfColourRun &run : runs) {
+        const char style = char(m_styles.styleFor(run.colour));
+        const qsizetype start = std::clamp<qsizetype>(run.start, 0, length);
+        const qsizetype end = std::clamp<qsizetype>(run.start + run.length, start, length);
+        for (qsizetype i = start; i < end; ++i) {
+            // A line break never takes a colour.
+            const char c = text[i];
+            if (c != '\r' && c != '\n')
+                styles[i] = style;
         }
-        for (; next < runs.size(); ++next) {
-            const RtfColourRun &run = runs[next];
-            const int start = positions::toDocument(doc, base + run.start);
-            const int end = positions::toDocument(doc, base + run.start + run.length);
-            if (start >= lineEnd)
-                break;
-            const int s = std::max({start, b0, from});
-            const int e = std::min({end, lineEnd, to});
-            if (e > s) {
-                QTextLayout::FormatRange range;
-                range.start = s - b0;
-                range.length = e - s;
-                range.format.setForeground(propertycolour::toColor(run.colour, palette));
-                ranges.append(range);
-            }
-            if (end > lineEnd)
-                break; // the run goes on in the next line
-        }
-        std::sort(ranges.begin(), ranges.end(),
-                  [](const auto &a, const auto &b) { return a.start < b.start; });
-        lines.setColours(block, ranges);
     }
+    if (m_styles.styles().size() != stylesBefore)
+        applyStyles();
+    m_text->setStyles(from, styles);
 }
-
-int documentEnd(const QTextDocument &doc) { return doc.characterCount() - 1; }
-
-} // namespace
 
 QString srcText::TextRTF() const
 {
-    const QTextDocument &doc = *m_rtfMain->document();
-    return writeRtf(Text(), colourRuns(doc, 0, documentEnd(doc)));
+    return writeRtf(Text(), colourRuns(0, m_rtfMain->length()));
 }
 
 void srcText::setTextRTF(const QString &New_TextRTF)
@@ -113,7 +76,7 @@ void srcText::setTextRTF(const QString &New_TextRTF)
     const RtfDocument rich = readRtf(New_TextRTF);
     // The same text takes the colours alone: its line breaks, its undo history and
     // its changed state stay.
-    if (rich.text != Text()) {
+    if (withCrLfBreaks(rich.text) != Text()) {
         setText(rich.text);
         m_colouring->forgetChanges();
     }
@@ -133,15 +96,12 @@ void srcText::applyColourRuns(const std::vector<RtfColourRun> &runs)
     m_colouring->forgetChanges();
     if (m_colouring->isRunning())
         m_colouring->cancel();
-    QTextDocument &doc = *m_rtfMain->document();
-    applyRuns(doc, 0, documentEnd(doc), runs, palette());
+    styleRuns(0, m_rtfMain->length(), runs);
 }
 
 QString srcText::SelRTF() const
 {
-    const QTextCursor cursor = m_rtfMain->textCursor();
-    return writeRtf(SelText(), colourRuns(*m_rtfMain->document(), cursor.selectionStart(),
-                                          cursor.selectionEnd()));
+    return writeRtf(SelText(), colourRuns(m_rtfMain->selectionStart(), m_rtfMain->selectionEnd()));
 }
 
 void srcText::setSelRTF(const QString &New_SelRTF)
@@ -150,27 +110,14 @@ void srcText::setSelRTF(const QString &New_SelRTF)
     // Changes waiting for the typing path are coloured first; the inserted text keeps
     // the colours it came with.
     flushTyping();
-    QTextCursor cursor = m_rtfMain->textCursor();
+    const qsizetype start = m_rtfMain->selectionStart();
+    const QByteArray bytes = textfile::toBytes(withCrLfBreaks(rich.text));
     m_busy = true;
-    const int start = cursor.selectionStart();
-    cursor.insertText(rich.text);
+    m_rtfMain->replaceSelection(bytes);
     m_busy = false;
     m_colouring->forgetChanges();
-    applyRuns(*m_rtfMain->document(), start, cursor.position(), rich.runs, palette());
-    m_rtfMain->setTextCursor(cursor);
-}
-
-void srcText::printColours(QTextDocument &printed, int from, int to) const
-{
-    QTextCursor cursor(&printed);
-    QTextCharFormat format;
-    for (const RtfColourRun &run : colourRuns(*m_rtfMain->document(), from, to)) {
-        format.setForeground(propertycolour::toColor(run.colour, palette()));
-        cursor.setPosition(positions::toDocument(printed, run.start));
-        cursor.setPosition(positions::toDocument(printed, run.start + run.length),
-                           QTextCursor::KeepAnchor);
-        cursor.mergeCharFormat(format);
-    }
+    styleRuns(start, bytes.size(), rich.runs);
+    emitSelChangeIfMoved();
 }
 
 } // namespace tessaro

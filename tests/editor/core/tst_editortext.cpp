@@ -77,18 +77,6 @@ private Q_SLOTS:
         for (int d = 0; d < doc.characterCount(); ++d)
             QCOMPARE(positions::toDocument(doc, positions::toPublic(doc, d)), d);
     }
-    void crLfLinesMapSnapshotPositionsToTheDocument()
-    {
-        const CrLfLines lines(QStringLiteral("ab\r\ncd\r\n\r\nef"));
-        QCOMPARE(lines.lineCount(), qsizetype(4));
-        QCOMPARE(lines.lineOf(5), qsizetype(1));
-        QCOMPARE(lines.lineLength(2), qsizetype(0));
-        QCOMPARE(lines.toDocument(4), qsizetype(3));
-        QCOMPARE(lines.toDocument(2), qsizetype(2)); // the CR is the document's break
-        QCOMPARE(lines.toDocument(3), qsizetype(3)); // the LF: the next line's start
-        QCOMPARE(lines.toDocument(12), qsizetype(9));
-    }
-
     void propertyBagGivesDefaultsAndStoresOnlyWhatDiffers()
     {
         PropertyBag bag;

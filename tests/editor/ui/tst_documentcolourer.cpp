@@ -1,41 +1,37 @@
-// A colouring run takes a copy of the document and turns it into CR LF text for the
-// scanners over several slices of the event loop: the copy must equal the document's
-// text whatever its line breaks, an edit or a cancel while the copy is turned must
-// leave nothing half done, and the colours at the end must be those of a run given
-// the same text afresh.
+// A colouring run takes a copy of the text and scans it over several slices of the
+// event loop: the copy must equal the text whatever its line breaks, an edit or a
+// cancel while the run works from its copy must leave nothing half done,
+// and the styles at the end must be those of a run given the same text afresh.
 
 #include "editor/core/ColourScan.h"
-#include "editor/core/ColouredLines.h"
 #include "editor/core/DocumentColourer.h"
+#include "editor/core/StyleTable.h"
+#include "support/MemoryStyledText.h"
 #include "support/TestSupport.h"
 
 #include <QApplication>
 #include <QDeadlineTimer>
-#include <QTextBlock>
-#include <QTextCursor>
-#include <QTextDocument>
 #include <QTimer>
 
 #include <functional>
 #include <memory>
 
 using namespace tessaro;
+using namespace tessaro::test;
 
 namespace {
 
-// A document, its hidden copy and the colourer that joins them, in C mode.
+// A text and the colourer that styles it, in C mode.
 struct Colouring
 {
-    QTextDocument document;
-    QTextDocument snapshot;
+    MemoryStyledText text;
+    StyleTable styles;
     QTimer progressTimer;
     std::unique_ptr<DocumentColourer> colourer;
 
-    explicit Colouring(const QString &rawText)
+    explicit Colouring(const QByteArray &bytes) : text(bytes)
     {
-        // Inserted as it stands: U+2029 starts a new line, U+2028 stays inside one.
-        QTextCursor(&document).insertText(rawText);
-        colourer = std::make_unique<DocumentColourer>(&document, &snapshot, &progressTimer);
+        colourer = std::make_unique<DocumentColourer>(text, styles, &progressTimer);
         ScanRequest request;
         request.mode = mode::C;
         request.blue = WordListIndex(QStringLiteral("*int*while*return*"));
@@ -43,7 +39,8 @@ struct Colouring
     }
 
     // Runs a full colouring; `during` is called at every turn of the event loop while
-    // the run still copies the text (the first 5 % of the run) until it returns true.
+    // the run works from its copy of the text (it has taken it and not yet styled
+    // anything: more than 0 % and less than 55 % done) until it returns true.
     bool run(const std::function<bool()> &during = {})
     {
         if (!colourer->start(false, true))
@@ -51,48 +48,23 @@ struct Colouring
         bool acted = !during;
         QDeadlineTimer deadline(240000);
         while (colourer->isRunning() && !deadline.hasExpired()) {
-            if (!acted && colourer->percentComplete() < 5)
+            const int done = colourer->percentComplete();
+            if (!acted && done > 0 && done < 55)
                 acted = during();
             QApplication::processEvents(); // one slice at a time
         }
         return !colourer->isRunning() && acted;
     }
-
-    // Every line's colours, in order.
-    QList<ColouredLines::Ranges> lineColours() const
-    {
-        QList<ColouredLines::Ranges> all;
-        for (QTextBlock block = document.begin(); block.isValid(); block = block.next())
-            all << ColouredLines::colours(block);
-        return all;
-    }
 };
 
-QString largeText(int lines, const QString &lineBreak)
+QByteArray largeText(int lines, const QByteArray &lineBreak)
 {
-    QString text;
+    QByteArray text;
     text.reserve(qsizetype(lines) * 64);
     for (int i = 0; i < lines; ++i)
-        text += QStringLiteral("int v%1 = %1; /* note */ while (v%1) return;").arg(i) + lineBreak;
+        text += "int v" + QByteArray::number(i) + " = " + QByteArray::number(i) +
+                "; /* note */ while (v" + QByteArray::number(i) + ") return;" + lineBreak;
     return text;
-}
-
-bool sameRanges(const QList<ColouredLines::Ranges> &a, const QList<ColouredLines::Ranges> &b)
-{
-    if (a.size() != b.size())
-        return false;
-    for (qsizetype i = 0; i < a.size(); ++i) {
-        if (a.at(i).size() != b.at(i).size())
-            return false;
-        for (qsizetype r = 0; r < a.at(i).size(); ++r) {
-            const QTextLayout::FormatRange &x = a.at(i).at(r);
-            const QTextLayout::FormatRange &y = b.at(i).at(r);
-            if (x.start != y.start || x.length != y.length ||
-                x.format.foreground() != y.format.foreground())
-                return false;
-        }
-    }
-    return true;
 }
 
 } // namespace
@@ -101,65 +73,69 @@ class DocumentColourerTest : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
-    void theCopyIsTheDocumentsText_data()
+    void theCopyIsTheText_data()
     {
-        QTest::addColumn<QString>("text");
-        const QChar line = QChar::ParagraphSeparator;
-        QTest::newRow("empty") << QString();
-        QTest::newRow("one line") << QStringLiteral("int x; /* c */");
-        QTest::newRow("empty lines") << QString(line) + line + QStringLiteral("int") + line;
-        QTest::newRow("line separator inside a line")
-            << QStringLiteral("int a;") + QChar(QChar::LineSeparator) + QStringLiteral("/* c */ b") +
-                   line + QStringLiteral("while");
-        QTest::newRow("no-break space and a lone CR kept")
-            << QStringLiteral("int") + QChar(0xA0) + QStringLiteral("a;\r/* x */") + line;
-        QTest::newRow("many slices") << largeText(20000, line);
+        QTest::addColumn<QByteArray>("text");
+        QTest::newRow("empty") << QByteArray();
+        QTest::newRow("one line") << QByteArray("int x; /* c */");
+        QTest::newRow("empty lines") << QByteArray("\r\n\r\nint\r\n");
+        QTest::newRow("comment over lines") << QByteArray("int a; /* c\r\n b */ while\r\nint");
+        QTest::newRow("no-break space kept") << QByteArray("int\xa0"
+                                                           "a;/* x */\r\n");
+        QTest::newRow("many slices") << largeText(40000, "\r\n");
         QTest::newRow("one line longer than a slice")
-            << QString(300 * 1024, u'x') + line + QStringLiteral("int /* c */");
+            << QByteArray(3 * 1024 * 1024, 'x') + "\r\nint /* c */";
     }
-    void theCopyIsTheDocumentsText()
+    void theCopyIsTheText()
     {
-        QFETCH(QString, text);
+        QFETCH(QByteArray, text);
         Colouring c(text);
         QVERIFY(c.run());
         QCOMPARE(c.colourer->restarts(), 0);
-        QCOMPARE(c.colourer->snapshotDocument()->toRawText(), c.document.toRawText());
-        // The colours are those of a run given the same text in one piece.
-        Colouring whole(c.document.toRawText());
-        QVERIFY(whole.run());
-        QVERIFY(sameRanges(c.lineColours(), whole.lineColours()));
+        QCOMPARE(c.colourer->snapshot(), text);
+        // The styles are those the scanners give for the same text in one piece.
+        ScanRequest request = c.colourer->request();
+        request.text = QString::fromLatin1(text);
+        QByteArray expected(text.size(), char(StyleTable::Plain));
+        const char comment = char(c.styles.styleFor(colour::comment));
+        const char keyword = char(c.styles.styleFor(colour::keyword));
+        for (const ColourStretch &s : scanText(request))
+            for (qsizetype i = s.start; i < s.start + s.length; ++i)
+                if (s.kind != StretchKind::Text && text[i] != '\r' && text[i] != '\n')
+                    expected[i] = s.kind == StretchKind::Comment ? comment : keyword;
+        QVERIFY(c.text.styles() == expected);
     }
 
-    void anEditDuringTheCopyStartsTheRunOver()
+    void anEditDuringTheScanStartsTheRunOver()
     {
-        Colouring c(largeText(60000, QChar(QChar::ParagraphSeparator)));
+        Colouring c(largeText(60000, "\r\n"));
         QVERIFY(c.run([&] {
-            // The user opens a comment at the top while the run copies the text.
-            QTextCursor(&c.document).insertText(QStringLiteral("/* "));
+            // The user opens a comment at the top while the run scans its copy.
+            c.text.insert(0, "/* ");
             c.colourer->noteChange(0, 0, 3);
             return true;
         }));
         QCOMPARE(c.colourer->restarts(), 1);
-        QVERIFY(c.document.toRawText().startsWith(QStringLiteral("/* int v0")));
-        QCOMPARE(c.colourer->snapshotDocument()->toRawText(), c.document.toRawText());
-        Colouring fresh(c.document.toRawText());
+        QVERIFY(c.text.bytes().startsWith("/* int v0"));
+        QCOMPARE(c.colourer->snapshot(), c.text.bytes().toByteArray());
+        Colouring fresh(c.text.bytes().toByteArray());
         QVERIFY(fresh.run());
-        QVERIFY(sameRanges(c.lineColours(), fresh.lineColours()));
+        QVERIFY(c.text.styles() == fresh.text.styles());
     }
 
-    void aCancelDuringTheCopyEndsTheRun()
+    void aCancelDuringTheScanEndsTheRun()
     {
-        Colouring c(largeText(60000, QChar(QChar::ParagraphSeparator)));
+        Colouring c(largeText(60000, "\r\n"));
         QVERIFY(c.run([&] {
             c.colourer->cancel();
             return true;
         }));
         QCOMPARE(c.colourer->percentComplete(), 0);
         // Nothing was coloured, and the next run colours everything.
-        QVERIFY(ColouredLines::colours(c.document.lastBlock().previous()).isEmpty());
+        QCOMPARE(c.text.styles().count(char(StyleTable::Plain)), c.text.length());
         QVERIFY(c.run());
-        QVERIFY(!ColouredLines::colours(c.document.lastBlock().previous()).isEmpty());
-        QCOMPARE(c.colourer->snapshotDocument()->toRawText(), c.document.toRawText());
+        QVERIFY(c.text.styles().count(char(StyleTable::Plain)) < c.text.length());
+        QCOMPARE(c.colourer->snapshot(), c.text.bytes().toByteArray());
     }
 };
 

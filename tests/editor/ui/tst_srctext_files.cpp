@@ -203,7 +203,7 @@ private Q_SLOTS:
         code.setTextRTF(writeRtf(code.Text(), {{0, 4, 0xFF}}));
         QCOMPARE(colourAt(code, 1), QColor(255, 0, 0));
         QCOMPARE(changed.count(), 1); // the typed "a" alone
-        QVERIFY(code.RTFBox()->document()->isUndoAvailable());
+        QVERIFY(canUndo(code));
         code.Undo();
         QCOMPARE(code.Text(), QStringLiteral("int x;\r\nint y;\r\n"));
         code.SaveFile(path(QStringLiteral("same-out.txt")), 1);

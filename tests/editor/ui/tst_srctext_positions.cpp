@@ -151,12 +151,12 @@ private Q_SLOTS:
         QSignalSpy v(&code, &srcText::VScroll);
         QSignalSpy h(&code, &srcText::HScroll);
         code.SetSelection(code.CharacterCount(), code.CharacterCount());
-        code.RTFBox()->ensureCursorVisible();
+        code.RTFBox()->send(SourceEditBox::SCI_SCROLLCARET);
         QTRY_VERIFY(v.count() >= 1);
         QVERIFY(code.GetFirstLineVisible() > 0);
         code.SetSelection(0, 0);
         code.SetSelection(36, 36);
-        code.RTFBox()->ensureCursorVisible();
+        code.RTFBox()->send(SourceEditBox::SCI_SCROLLCARET);
         QTRY_VERIFY(h.count() >= 1);
     }
     void changeIsRaisedForEveryEditAndSetsModified()

@@ -7,8 +7,8 @@
 
 #include <QApplication>
 #include <QClipboard>
-#include <QPlainTextEdit>
-#include <QTextDocument>
+#include "editor/ui/SourceEditBox.h"
+
 #include <QTimer>
 
 using namespace tessaro;
@@ -20,11 +20,12 @@ private Q_SLOTS:
     void theControlHasItsNamedParts()
     {
         srcText code;
-        auto *box = code.findChild<QPlainTextEdit *>(QStringLiteral("rtfMain"));
+        auto *box = code.findChild<SourceEditBox *>(QStringLiteral("rtfMain"));
         QVERIFY(box);
         QCOMPARE(box, code.RTFBox());
-        QVERIFY(code.findChild<QTextDocument *>(QStringLiteral("rtfTemp")));
-        QCOMPARE(code.findChild<QTextDocument *>(QStringLiteral("rtfTemp")), code.TempDocument());
+        // The colouring's snapshot (rtfTemp) is text the run keeps, not a second box.
+        QCOMPARE(code.findChildren<QsciScintillaBase *>().size(), 1);
+        QCOMPARE(code.TempCharacterCount(), qsizetype(0));
         auto *insert = code.findChild<QTimer *>(QStringLiteral("tmrInsert"));
         auto *update = code.findChild<QTimer *>(QStringLiteral("tmrUpdate"));
         QVERIFY(insert);
@@ -45,7 +46,9 @@ private Q_SLOTS:
         srcText code(&container);
         QCOMPARE(code.Mode(), 9);
         QCOMPARE(code.BackColor(), 0x80000005u);
-        QCOMPARE(code.RTFBox()->palette().color(QPalette::Base),
+        const long back = code.RTFBox()->send(SourceEditBox::SCI_STYLEGETBACK,
+                                              SourceEditBox::STYLE_DEFAULT);
+        QCOMPARE(QColor(int(back & 0xff), int((back >> 8) & 0xff), int((back >> 16) & 0xff)),
                  code.palette().color(QPalette::Base));
         QVERIFY(!code.TabStop());
         QVERIFY(!code.Locked());

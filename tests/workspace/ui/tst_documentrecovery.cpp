@@ -15,12 +15,12 @@
 #include "workspace/ui/DocumentRecovery.h"
 #include "workspace/ui/frmDocument.h"
 #include "workspace/ui/frmRecover.h"
+#include "editor/ui/SourceEditBox.h"
 
 #include <QAction>
 #include <QListWidget>
 #include <QMdiArea>
 #include <QMdiSubWindow>
-#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTemporaryDir>
 
@@ -146,7 +146,7 @@ private Q_SLOTS:
         textfile::writeBytes(path, "a\r\nb\nc\n");
         frmDocument *document = commands()->LoadDocument(path);
         QVERIFY(document);
-        document->code()->hWnd()->moveCursor(QTextCursor::End);
+        document->code()->setSelStart(document->code()->CharacterCount());
         type(document, "d");
         m_recovery->writeAllNow();
         QCOMPARE(copy(1)->caption, path);
@@ -262,7 +262,7 @@ private Q_SLOTS:
         QVERIFY(docs[1]->ccode);
         QCOMPARE(docs[1]->code()->fileText(), QString("int a;\r\nint b;\nint c;"));
         // New lines get the kind the document had.
-        docs[0]->code()->hWnd()->moveCursor(QTextCursor::End);
+        docs[0]->code()->setSelStart(docs[0]->code()->CharacterCount());
         QTest::keyClick(docs[0]->code()->hWnd(), Qt::Key_Return);
         QCOMPARE(docs[0]->code()->fileText(), QString("one\ntwo\n"));
 

@@ -11,13 +11,13 @@
 #include "workspace/ui/DocumentCommands.h"
 #include "workspace/ui/WorkspaceCommands.h"
 #include "workspace/ui/frmDocument.h"
+#include "editor/ui/SourceEditBox.h"
 
 #include <QAction>
 #include <QDirIterator>
 #include <QRandomGenerator>
 #include <QMdiArea>
 #include <QMdiSubWindow>
-#include <QPlainTextEdit>
 #include <QTemporaryDir>
 #include <QTextCursor>
 #include <QTextDocument>

@@ -11,6 +11,7 @@
 #include "support/TestSupport.h"
 #include "workspace/ui/DocumentCommands.h"
 #include "workspace/ui/frmDocument.h"
+#include "editor/ui/SourceEditBox.h"
 
 #include <QAction>
 #include <QFileDialog>
@@ -18,7 +19,6 @@
 #include <QFontDatabase>
 #include <QMdiArea>
 #include <QMdiSubWindow>
-#include <QPlainTextEdit>
 #include <QTemporaryDir>
 #include <QTextBlock>
 
@@ -128,12 +128,15 @@ private Q_SLOTS:
         verifyReadableSize(loaded);
         // The text is on screen: the first line lies inside the editor's visible part,
         // with room for several more below it.
-        QPlainTextEdit *box = loaded->code()->hWnd();
-        QCOMPARE(box->document()->firstBlock().text(), QStringLiteral("int shown;"));
-        const QRect firstLine = box->cursorRect(QTextCursor(box->document()));
-        QVERIFY(box->viewport()->rect().contains(firstLine));
-        QVERIFY(box->viewport()->height() > 5 * box->fontMetrics().lineSpacing());
-        QVERIFY(box->viewport()->width() > 40 * box->fontMetrics().horizontalAdvance('x'));
+        SourceEditBox *box = loaded->code()->hWnd();
+        QCOMPARE(loaded->code()->Text().section(QStringLiteral("\r\n"), 0, 0),
+                 QStringLiteral("int shown;"));
+        QCOMPARE(loaded->code()->GetFirstLineVisible(), 0);
+        QVERIFY(box->viewport()->rect().contains(loaded->code()->GetPosFromChar(0)));
+        QVERIFY(box->send(SourceEditBox::SCI_LINESONSCREEN) > 5);
+        QVERIFY(box->viewport()->width() >
+                40 * box->SendScintilla(SourceEditBox::SCI_TEXTWIDTH,
+                                        uintptr_t(SourceEditBox::STYLE_DEFAULT), "x"));
     }
 
     void eachNextDocumentOpensOneStepFurtherDownAndRight()
@@ -185,6 +188,11 @@ private Q_SLOTS:
         QCOMPARE(document->code()->Font().family(), fixed.family());
         QCOMPARE(document->code()->Font().pointSizeF(), fixed.pointSizeF());
         QCOMPARE(document->code()->hWnd()->font().family(), fixed.family());
+        // The box draws its text in that font.
+        char family[256] = {};
+        document->code()->hWnd()->SendScintilla(SourceEditBox::SCI_STYLEGETFONT,
+                                                uintptr_t(SourceEditBox::STYLE_DEFAULT), family);
+        QCOMPARE(QString::fromUtf8(family), fixed.family());
         // Every character as wide as the next (some monospaced families do not say so).
         const QFontMetrics shown(document->code()->hWnd()->font());
         QCOMPARE(shown.horizontalAdvance("iiii"), shown.horizontalAdvance("WWWW"));
