@@ -23,14 +23,14 @@ cmake --build "$build" --parallel "$(nproc)" || exit 1
 
 leaks=0
 [ "${SANITIZE_LEAKS:-0}" = 1 ] && leaks=1
-ASAN_OPTIONS="halt_on_error=1:abort_on_error=1:detect_leaks=$leaks:strict_string_checks=1:detect_stack_use_after_return=1:check_initialization_order=1"
+ASAN_OPTIONS="halt_on_error=1:abort_on_error=1:detect_leaks=$leaks:detect_stack_use_after_return=1:check_initialization_order=1"
 UBSAN_OPTIONS="halt_on_error=1:abort_on_error=1:print_stacktrace=1"
 LSAN_OPTIONS="suppressions=$root/scripts/lsan.supp:print_suppressions=0"
 export ASAN_OPTIONS UBSAN_OPTIONS LSAN_OPTIONS
 
 rm -rf "$log"; mkdir -p "$log"
 cd "$build" || exit 1
-ctest --parallel "$(nproc)" --timeout 1200 --output-log "$log/ctest.log" >"$log/ctest.out" 2>&1
+ctest --parallel "$(nproc)" --timeout 1200 --output-on-failure --output-log "$log/ctest.log" >"$log/ctest.out" 2>&1
 tests=$?
 tail -n 15 "$log/ctest.out"
 
