@@ -21,7 +21,7 @@ PixelRect toPixelRect(const QRect &r)
 } // namespace
 
 MainSplitter::MainSplitter(QMainWindow &frame, LeftPane &pane)
-    : QObject(&frame), m_frame(frame), m_pane(pane), m_split(*this),
+    : QObject(&frame), m_frame(frame), m_pane(pane), m_bar(pane.picVert()), m_split(*this),
       m_band(new QRubberBand(QRubberBand::Line, &frame)), m_cursor([] { return QCursor::pos(); })
 {
     setObjectName(QStringLiteral("splitter"));
@@ -37,6 +37,7 @@ MainSplitter::MainSplitter(QMainWindow &frame, LeftPane &pane)
     pane.picVert()->installEventFilter(this);
 }
 
+// Qt drops a destroyed filter from the objects it watches.
 MainSplitter::~MainSplitter() = default;
 
 void MainSplitter::picVert_MouseDown(int x, int y)
@@ -61,7 +62,7 @@ bool MainSplitter::eventFilter(QObject *watched, QEvent *event)
 {
     // While the frame holds the mouse its moves and the release arrive here; the bar
     // may receive them too when the platform keeps the press's own grab.
-    if (watched == &m_frame || watched == m_pane.picVert()) {
+    if (watched == &m_frame || (m_bar && watched == m_bar.data())) {
         if (event->type() == QEvent::MouseMove || event->type() == QEvent::MouseButtonRelease) {
             const QPoint at = static_cast<QMouseEvent *>(event)->position().toPoint();
             if (event->type() == QEvent::MouseMove) {

@@ -4,11 +4,13 @@
 
 #include <QObject>
 #include <QPoint>
+#include <QPointer>
 #include <functional>
 #include <memory>
 
 class QMainWindow;
 class QRubberBand;
+class QWidget;
 
 namespace tessaro {
 
@@ -57,6 +59,10 @@ private:
 
     QMainWindow &m_frame;
     LeftPane &m_pane;
+    // The bar, kept for the event filter: the filter must not ask the pane for it,
+    // since the bar's events may come while the main window takes the pane down (after
+    // the pane's own destructor has run).
+    QPointer<QWidget> m_bar;
     cSplitDDC m_split;
     QRubberBand *m_band;
     std::function<QPoint()> m_cursor;
