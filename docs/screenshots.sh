@@ -11,6 +11,7 @@
 #   findinfiles.png   a Find in Files result in the output window
 #   recover.png       the recovery dialog after a killed session
 #   runtime-error.png the message of a build that finds no terminal
+#   main-dark.png     the main window under a dark colour scheme (qt6ct)
 # Tessaro runs with a private home, so the user's own settings are never touched. Where
 # the system allows a private mount namespace (unshare), that home is /home/modder, so
 # the pictures show the paths a modder would see; elsewhere it is a temporary folder.
@@ -260,3 +261,28 @@ shoot "$box" runtime-error.png
 xdotool windowactivate --sync "$box"
 xdotool key Return
 wait "$tessaro" 2>/dev/null || true
+
+# The main window under a dark colour scheme given through qt6ct, as many desktops give
+# Qt programs theirs: the document keeps its readable colours on a light background.
+# Skipped where qt6ct is not installed.
+if [ -f /usr/share/qt6ct/colors/darker.conf ]; then
+    unset TESSARO_TERMINAL
+    mkdir -p "$XDG_CONFIG_HOME/qt6ct"
+    cat >"$XDG_CONFIG_HOME/qt6ct/qt6ct.conf" <<'QT6CT'
+[Appearance]
+color_scheme_path=/usr/share/qt6ct/colors/darker.conf
+custom_palette=true
+style=Fusion
+QT6CT
+    export QT_QPA_PLATFORMTHEME=qt6ct
+    start_tessaro "$mod/game/g_main.c"
+    open_workspace
+    click_pane
+    xdotool key Home Right
+    menu w h
+    shoot "$main" main-dark.png
+    kill "$tessaro"
+    wait "$tessaro" 2>/dev/null || true
+else
+    echo "screenshots.sh: qt6ct is missing, no main-dark.png (apt-get install qt6ct)" >&2
+fi

@@ -6,8 +6,9 @@ set -e
 # appstream and man-db are used by the install and package test; xdotool types into the
 # real program in the recovery process test. python3-markdown turns the manual's pages into
 # HTML at build time (a small library, where pandoc would bring a large toolchain).
-# libqscintilla2-qt6-dev is the editor box (Scintilla for Qt 6).
-packages="cmake ninja-build g++ qt6-base-dev qt6-base-dev-tools libgl-dev libqscintilla2-qt6-dev xvfb xauth xdotool fonts-dejavu-core
+# libqscintilla2-qt6-dev is the editor box (Scintilla for Qt 6). weston and qt6-wayland run
+# the program under a Wayland compositor in the Wayland process test.
+packages="cmake ninja-build g++ qt6-base-dev qt6-base-dev-tools libgl-dev libqscintilla2-qt6-dev xvfb xauth xdotool fonts-dejavu-core weston qt6-wayland
           universal-ctags
           librsvg2-bin dpkg-dev desktop-file-utils appstream man-db python3-markdown"
 missing=""

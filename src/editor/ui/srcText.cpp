@@ -5,6 +5,7 @@
 #include "editor/core/ModeWordLists.h"
 #include "editor/core/PropertyBag.h"
 #include "editor/core/PropertyColour.h"
+#include "editor/core/ReadableColours.h"
 #include "editor/core/RtfDocument.h"
 #include "editor/ui/ScintillaText.h"
 #include "editor/ui/SourceEditBox.h"
@@ -505,8 +506,8 @@ void srcText::applyTextFont()
 void srcText::applyStyles()
 {
     const QPalette pal = palette();
-    const QColor back = propertycolour::toColor(m_backColour, pal);
     const QColor text = propertycolour::toColor(m_colourText, pal);
+    const QColor back = documentBackground();
     const QFont shown = font();
     const QByteArray family = shown.family().toUtf8();
     const double points =
@@ -530,6 +531,19 @@ void srcText::applyStyles()
     m_rtfMain->SendScintilla(SourceEditBox::SCI_SETSELFORE, 1,
                              pal.color(QPalette::HighlightedText));
     m_rtfMain->SendScintilla(SourceEditBox::SCI_SETSELBACK, 1, pal.color(QPalette::Highlight));
+}
+
+QColor srcText::documentBackground() const
+{
+    const QPalette pal = palette();
+    if (m_backColour != propertycolour::WindowBackground)
+        return propertycolour::toColor(m_backColour, pal);
+    // The window background of a desktop whose scheme is dark or grey would leave the
+    // document's colours unreadable: they keep 4.5:1 on what the document draws on.
+    return readable::documentBackground(pal.color(QPalette::Base),
+                                        {propertycolour::toColor(m_colourText, pal),
+                                         propertycolour::toColor(m_colourComment, pal),
+                                         propertycolour::toColor(m_colourKeyword, pal)});
 }
 
 void srcText::setColour_Comment(quint32 New_Colour_Comment)

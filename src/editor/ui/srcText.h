@@ -319,6 +319,9 @@ private:
     void applyTextFont();
     void applyBackground();
     void applyStyles();
+    // The colour the document is drawn on: BackColor, and for the window-background
+    // system colour one on which every text colour of the document stays readable.
+    QColor documentBackground() const;
     void onEdited(qsizetype position, qsizetype removed, qsizetype added);
     // The box position of a public one: within the text, and never between the CR
     // and the LF of a line break (a position on the LF is the end of its line).

@@ -6,12 +6,38 @@
 
 namespace tessaro {
 
+QList<int> mb::buttonsOf(int style)
+{
+    switch (style & 0x0F) {
+    case OKCancel: return {OK, Cancel};
+    case AbortRetryIgnore: return {Abort, Retry, Ignore};
+    case YesNoCancel: return {Yes, No, Cancel};
+    case YesNo: return {Yes, No};
+    case RetryCancel: return {Retry, Cancel};
+    default: return {OK};
+    }
+}
+
+int mb::escapeAnswer(int style)
+{
+    switch (style & 0x0F) {
+    case OKCancel:
+    case YesNoCancel:
+    case RetryCancel: return Cancel;
+    case YesNo:
+    case AbortRetryIgnore: return 0;
+    default: return OK;
+    }
+}
+
 int defaultAnswer(int style)
 {
     switch (style & 0x0F) {
     case mb::YesNoCancel:
     case mb::YesNo:
         return mb::Yes;
+    case mb::AbortRetryIgnore: return mb::Abort;
+    case mb::RetryCancel: return mb::Retry;
     default:
         return mb::OK;
     }

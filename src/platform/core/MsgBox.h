@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QList>
 #include <QString>
 #include <memory>
 
@@ -10,14 +11,23 @@ namespace mb {
 enum Style : int {
     OKOnly = 0,
     OKCancel = 1,
+    AbortRetryIgnore = 2,
     YesNoCancel = 3,
     YesNo = 4,
+    RetryCancel = 5,
     Critical = 16,
     Question = 32,
     Exclamation = 48,
     Information = 64,
 };
-enum Answer : int { OK = 1, Cancel = 2, Yes = 6, No = 7 };
+enum Answer : int { OK = 1, Cancel = 2, Abort = 3, Retry = 4, Ignore = 5, Yes = 6, No = 7 };
+
+// The answer Esc and the window's close button give a box of the style: OK alone OK;
+// OK/Cancel, Yes/No/Cancel and Retry/Cancel Cancel; Yes/No and Abort/Retry/Ignore
+// none (0): such a box can only be answered with one of its buttons.
+int escapeAnswer(int style);
+// The buttons of a style, in order.
+QList<int> buttonsOf(int style);
 } // namespace mb
 
 // The one way the program shows a message box. The real implementation shows a

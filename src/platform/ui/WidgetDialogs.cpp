@@ -3,11 +3,11 @@
 #include "platform/core/CommonDialog.h"
 #include "platform/core/EventLog.h"
 #include "platform/core/MsgBox.h"
+#include "platform/ui/WidgetMessageBox.h"
 
 #include <QApplication>
 #include <QEventLoop>
 #include <QFileDialog>
-#include <QMessageBox>
 #include <QPageSetupDialog>
 #include <QPrinter>
 #include <QTimer>
@@ -15,38 +15,6 @@
 namespace tessaro {
 
 namespace {
-
-class WidgetMessageBox : public MessageBoxService
-{
-public:
-    int show(const QString &prompt, int style, const QString &title) override
-    {
-        QMessageBox box(QApplication::activeWindow());
-        box.setWindowTitle(title);
-        box.setText(prompt);
-        switch (style & 0x70) {
-        case mb::Critical: box.setIcon(QMessageBox::Critical); break;
-        case mb::Question: box.setIcon(QMessageBox::Question); break;
-        case mb::Exclamation: box.setIcon(QMessageBox::Warning); break;
-        case mb::Information: box.setIcon(QMessageBox::Information); break;
-        default: box.setIcon(QMessageBox::NoIcon); break;
-        }
-        switch (style & 0x0F) {
-        case mb::OKCancel: box.setStandardButtons(QMessageBox::Ok | QMessageBox::Cancel); break;
-        case mb::YesNoCancel:
-            box.setStandardButtons(QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
-            break;
-        case mb::YesNo: box.setStandardButtons(QMessageBox::Yes | QMessageBox::No); break;
-        default: box.setStandardButtons(QMessageBox::Ok); break;
-        }
-        switch (box.exec()) {
-        case QMessageBox::Yes: return mb::Yes;
-        case QMessageBox::No: return mb::No;
-        case QMessageBox::Cancel: return mb::Cancel;
-        default: return mb::OK;
-        }
-    }
-};
 
 // A headless message box that stays "open" for a while before its default button is
 // taken, serving events meanwhile as a modal box does (TESSARO_HEADLESS_MSGBOX_WAIT_MS):

@@ -1,4 +1,5 @@
 #include "search/ui/frmOut.h"
+#include "platform/ui/FixedPitchFont.h"
 
 #include "platform/core/ErrorTraps.h"
 #include "state/core/AppState.h"
@@ -23,7 +24,7 @@ frmOut::frmOut(const FindInFilesQuery &query, QWidget *parent)
     m_code->setObjectName(QStringLiteral("code"));
     m_code->setReadOnly(true);
     m_code->setLineWrapMode(QPlainTextEdit::NoWrap);
-    m_code->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    m_code->setFont(fixedPitchFont());
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_code);

@@ -1,4 +1,5 @@
 #include "shell/ui/MainPanes.h"
+#include "platform/ui/FixedPitchFont.h"
 
 #include "shell/ui/FindPanel.h"
 #include "shell/ui/LeftPane.h"
@@ -23,7 +24,7 @@ QFont courier()
     QFont font(QStringLiteral("Courier"));
     font.setStyleHint(QFont::TypeWriter);
     if (!QFontInfo(font).fixedPitch())
-        font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+        font = fixedPitchFont();
     return font;
 }
 

@@ -1,4 +1,5 @@
 #include "workspace/ui/frmDocument.h"
+#include "platform/ui/FixedPitchFont.h"
 
 #include "editor/core/DynHighlight.h"
 #include "editor/ui/srcText.h"
@@ -20,7 +21,7 @@ namespace {
 // is created: the system's fixed-pitch font, so source text lines up in columns.
 QWidget *withDocumentFont(QWidget *window)
 {
-    window->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    window->setFont(fixedPitchFont());
     return window;
 }
 

@@ -7,7 +7,10 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
+#include <QScreen>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace tessaro {
 
@@ -24,12 +27,18 @@ frmRecover::frmRecover(const QVector<RecoveryOffer> &offers, QWidget *parent)
     label->setWordWrap(true);
 
     m_list->setObjectName(QStringLiteral("lstDocuments"));
+    // A path too long for the window loses its middle, never its file name; the
+    // whole path is the item's tooltip.
+    m_list->setTextElideMode(Qt::ElideMiddle);
+    int widest = 0;
     for (const RecoveryOffer &offer : offers) {
         auto *item =
             new QListWidgetItem(tr("%1 (%2 bytes)").arg(offer.caption).arg(offer.bytes), m_list);
         item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsUserCheckable);
         item->setCheckState(Qt::Checked);
-        item->setToolTip(offer.path.isEmpty() ? tr("Never saved") : offer.path);
+        item->setToolTip(offer.path.isEmpty() ? tr("%1 (never saved)").arg(offer.caption)
+                                              : offer.path);
+        widest = std::max(widest, m_list->fontMetrics().horizontalAdvance(item->text()));
     }
 
     auto *buttons = new QDialogButtonBox(this);
@@ -46,7 +55,12 @@ frmRecover::frmRecover(const QVector<RecoveryOffer> &offers, QWidget *parent)
     layout->addWidget(label);
     layout->addWidget(m_list);
     layout->addWidget(buttons);
-    resize(480, 300);
+    // Wide enough for the usual path whole (the check box and the frames beside it),
+    // within the screen.
+    const int wanted = widest + 100;
+    const QScreen *shown = parent ? parent->screen() : QGuiApplication::primaryScreen();
+    const int room = shown ? shown->availableGeometry().width() * 9 / 10 : 1000;
+    resize(std::clamp(wanted, 480, std::max(480, room)), 300);
 }
 
 void frmRecover::recoverSelected()

@@ -22,6 +22,7 @@
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QPushButton>
+#include <QScreen>
 #include <QTemporaryDir>
 
 using namespace tessaro;
@@ -344,6 +345,27 @@ private Q_SLOTS:
             dialog.reject(); // Escape or the close box
             QCOMPARE(dialog.choice().action, RecoveryChoice::Later);
         }
+    }
+
+    void theDialogShowsEachDocumentsWholePath()
+    {
+        const QString usual = "/home/modder/mods/samplemod/game/g_main.c";
+        const QString deep = "/home/modder/projects/quake3/mods/a-rather-long-mod-name/source/"
+                             "code/cgame/cg_weapons_and_effects_of_the_new_rail_gun.c";
+        const QVector<RecoveryOffer> offers{{usual, usual, 12345}, {deep, deep, 9}};
+        frmRecover dialog(offers);
+        dialog.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+        auto *list = dialog.findChild<QListWidget *>("lstDocuments");
+        // The usual path fits whole.
+        const QRect row = list->visualItemRect(list->item(0));
+        QVERIFY2(row.width() >= list->fontMetrics().horizontalAdvance(list->item(0)->text()) + 20,
+                 qPrintable(QString::number(row.width())));
+        // A longer one keeps its file name (its middle goes) and is whole in the tooltip.
+        QCOMPARE(list->textElideMode(), Qt::ElideMiddle);
+        QCOMPARE(list->item(1)->toolTip(), deep);
+        QVERIFY(list->item(1)->text().contains("cg_weapons_and_effects_of_the_new_rail_gun.c"));
+        QVERIFY(dialog.width() <= dialog.screen()->availableGeometry().width());
     }
 };
 

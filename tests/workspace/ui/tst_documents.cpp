@@ -11,6 +11,8 @@
 #include "workspace/ui/DocumentCommands.h"
 #include "workspace/ui/WorkspaceCommands.h"
 #include "workspace/ui/frmDocument.h"
+#include "platform/ui/WidgetMessageBox.h"
+#include <QAbstractButton>
 #include "editor/ui/SourceEditBox.h"
 
 #include <QAction>
@@ -19,6 +21,7 @@
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QTemporaryDir>
+#include <QTimer>
 #include <QTextCursor>
 #include <QTextDocument>
 
@@ -491,6 +494,40 @@ private Q_SLOTS:
         QCOMPARE(box.calls[0].title, QStringLiteral("Save Changes?"));
         QCOMPARE(box.calls[0].style, int(mb::YesNo));
         QCOMPARE(textfile::readBytes(path), QByteArray("keep\r\n"));
+        QVERIFY(documents().isEmpty());
+    }
+
+    void escInTheSaveChangesPromptThrowsNothingAway()
+    {
+        // The real message box: Esc and the title bar's close button do nothing in a
+        // Yes/No box, so the edit is still there; only a button answers it.
+        const QString path = writeFile("esc.c", "keep\r\n");
+        m_frame->LoadDocument(path);
+        frmDocument *document = documents().last();
+        type(document, "Z");
+        WidgetMessageBox widgets;
+        MessageBoxService *before = setMessageBoxService(&widgets);
+        bool stillOpenAfterEsc = false;
+        bool stillOpenAfterClose = false;
+        QTimer::singleShot(0, this, [&] {
+            QWidget *box = QApplication::activeModalWidget();
+            QVERIFY(box);
+            QTest::keyClick(box, Qt::Key_Escape);
+            QApplication::processEvents();
+            stillOpenAfterEsc = box->isVisible() && documents().contains(document) &&
+                                document->code()->Modified();
+            box->close();
+            QApplication::processEvents();
+            stillOpenAfterClose = box->isVisible() && documents().contains(document);
+            static_cast<MessageBoxWindow *>(box)->buttonOf(mb::Yes)->click();
+        });
+        trigger("mnuFileClose");
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        setMessageBoxService(before);
+        QVERIFY(stillOpenAfterEsc);
+        QVERIFY(stillOpenAfterClose);
+        // Yes saved the edit and closed the window.
+        QCOMPARE(textfile::readBytes(path), QByteArray("Zkeep\r\n"));
         QVERIFY(documents().isEmpty());
     }
 
