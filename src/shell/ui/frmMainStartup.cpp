@@ -10,13 +10,11 @@
 #include "shell/core/HandOver.h"
 #include "shell/core/InstanceLock.h"
 #include "shell/core/InstanceServer.h"
-#include "shell/core/ScreenFit.h"
 #include "shell/core/WindowPlacement.h"
 #include "state/core/AppState.h"
 #include "state/core/Settings.h"
 
 #include <QCloseEvent>
-#include <QGuiApplication>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QScreen>
@@ -103,14 +101,7 @@ void frmMain::LoadSettings()
 {
     const LoadedSettings loaded = loadSettings(settingsStore());
     m_placement = std::make_unique<WindowPlacement>(twipsPerPixel(*this));
-    // A window saved at another scale, or on a screen that has gone, is brought onto a
-    // screen; the saved values change only with the next clean exit.
-    QList<QRect> screens;
-    for (const QScreen *screen : QGuiApplication::screens())
-        screens << screen->availableGeometry();
-    if (QGuiApplication::primaryScreen())
-        screens.prepend(QGuiApplication::primaryScreen()->availableGeometry());
-    const QRect pixels = fitOnScreens(m_placement->assign(loaded.window), screens);
+    const QRect pixels = m_placement->assign(loaded.window);
     move(pixels.topLeft());
     resize(pixels.size());
     app().tools = loaded.tools;
