@@ -43,6 +43,17 @@ QByteArray activateMessage()
     return QByteArray(1, kActivate);
 }
 
+QByteArray tokenMessage(const QByteArray &token)
+{
+    if (token.isEmpty() || token.size() > kMaxTokenBytes)
+        return QByteArray();
+    QByteArray message(1, kToken);
+    char length[4];
+    qToBigEndian<qint32>(qint32(token.size()), length);
+    message.append(length, 4);
+    return message + token;
+}
+
 std::optional<QString> commandLinePath(const QString &text)
 {
     qsizetype start = 0;
@@ -64,6 +75,19 @@ RequestReader::State RequestReader::feed(const QByteArray &bytes)
     m_buffer += bytes;
     if (m_buffer.isEmpty())
         return m_state;
+    if (m_buffer[0] == kToken && m_token.isNull()) {
+        if (m_buffer.size() < 5)
+            return m_state;
+        const qint32 length = qFromBigEndian<qint32>(m_buffer.constData() + 1);
+        if (length <= 0 || length > kMaxTokenBytes)
+            return m_state = State::Invalid;
+        if (m_buffer.size() < 5 + length)
+            return m_state;
+        m_token = m_buffer.mid(5, length);
+        m_buffer.remove(0, 5 + length);
+        if (m_buffer.isEmpty())
+            return m_state;
+    }
     if (m_buffer[0] == kActivate)
         return m_state = m_buffer.size() == 1 ? State::Activate : State::Invalid;
     if (m_buffer[0] != kData)

@@ -12,7 +12,10 @@ namespace tessaro {
 //   1. the running copy greets every connection with one byte: 'V' when its main
 //      window is visible, 'H' when it is not;
 //   2. the later copy sends either 'D', the length of the command line bytes as four
-//      bytes (big-endian) and the bytes (a hand-over), or 'A' (activate only);
+//      bytes (big-endian) and the bytes (a hand-over), or 'A' (activate only); either
+//      may be preceded by 'T', a length as four bytes and the later copy's activation
+//      token (XDG_ACTIVATION_TOKEN), with which a Wayland compositor lets the running
+//      copy's window come to the front;
 //   3. the running copy answers '.' once it has opened the file or activated its
 //      window, so the later copy waits (up to 5000 ms) for the file to be open.
 namespace handover {
@@ -21,10 +24,13 @@ constexpr char kVisible = 'V';
 constexpr char kHidden = 'H';
 constexpr char kData = 'D';
 constexpr char kActivate = 'A';
+constexpr char kToken = 'T';
 constexpr char kDone = '.';
 constexpr int kTimeoutMs = 5000;
 // A hand-over longer than this is refused (a command line is never this long).
 constexpr qint32 kMaxBytes = 1 << 20;
+// An activation token longer than this is refused.
+constexpr qint32 kMaxTokenBytes = 4096;
 
 // The process command line as a file association passes it: every argument wrapped in
 // double quotes, joined by single blanks; no arguments give the empty text.
@@ -41,6 +47,8 @@ bool shouldHandOver(const QString &commandLine, bool ownerVisible);
 
 QByteArray dataMessage(const QByteArray &bytes);
 QByteArray activateMessage();
+// The activation token's message; empty for no token.
+QByteArray tokenMessage(const QByteArray &token);
 
 // The path that OpenCommandLine opens: the text trimmed of blanks, less its first and
 // last character (the quotes a file association puts around the path; a path without
@@ -57,10 +65,13 @@ public:
     State state() const { return m_state; }
     // The handed-over bytes once the state is HandOver.
     const QByteArray &payload() const { return m_payload; }
+    // The later copy's activation token (empty when it sent none).
+    const QByteArray &token() const { return m_token; }
 
 private:
     QByteArray m_buffer;
     QByteArray m_payload;
+    QByteArray m_token;
     State m_state = State::Incomplete;
 };
 

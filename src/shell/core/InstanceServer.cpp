@@ -131,6 +131,11 @@ void InstanceServer::carryOut(QPointer<InstanceConnection> connection)
     using State = handover::RequestReader::State;
     const State state = connection->request().state();
     const QByteArray payload = connection->request().payload();
+    // The later copy's activation token is where Qt's Wayland window takes one from
+    // while the window comes to the front; it is no one's afterwards.
+    const QByteArray token = connection->request().token();
+    if (!token.isEmpty())
+        qputenv("XDG_ACTIVATION_TOKEN", token);
     // Copies: the handler may end the server (the window closes) while it runs.
     if (state == State::HandOver && !payload.isEmpty()) {
         if (const auto handOver = m_handOver)
@@ -139,6 +144,8 @@ void InstanceServer::carryOut(QPointer<InstanceConnection> connection)
         if (const auto activate = m_activate)
             activate();
     }
+    if (!token.isEmpty())
+        qunsetenv("XDG_ACTIVATION_TOKEN");
     // The peer may have gone, or the server with every connection, meanwhile.
     if (connection)
         connection->answer();
@@ -168,7 +175,7 @@ bool waitForBytes(QLocalSocket &socket, qint64 count, const QDeadlineTimer &dead
 } // namespace
 
 HandOverOutcome contactRunningCopy(const QString &socketPath, const QString &commandLine,
-                                   int timeoutMs)
+                                   int timeoutMs, const QByteArray &activationToken)
 {
     const QDeadlineTimer deadline(timeoutMs);
     QLocalSocket socket;
@@ -179,8 +186,9 @@ HandOverOutcome contactRunningCopy(const QString &socketPath, const QString &com
         return HandOverOutcome::NoRunningCopy;
     const bool visible = socket.read(1) == QByteArray(1, handover::kVisible);
     const bool handOver = handover::shouldHandOver(commandLine, visible);
-    socket.write(handOver ? handover::dataMessage(handover::commandLineBytes(commandLine))
-                          : handover::activateMessage());
+    socket.write(handover::tokenMessage(activationToken) +
+                 (handOver ? handover::dataMessage(handover::commandLineBytes(commandLine))
+                           : handover::activateMessage()));
     socket.flush();
     if (!waitForBytes(socket, 1, deadline) || socket.read(1) != QByteArray(1, handover::kDone))
         return HandOverOutcome::NoAnswer;

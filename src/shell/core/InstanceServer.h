@@ -64,10 +64,11 @@ private:
 // The later copy's end: connects to the running copy, learns whether its window is
 // visible, and hands over the command line or asks for activation, waiting for the
 // answer at most the time-out. The outcome is only for tests: the later copy ends
-// whatever happened.
+// whatever happened. An activation token (the later copy's XDG_ACTIVATION_TOKEN) goes
+// with the request.
 enum class HandOverOutcome { NoRunningCopy, HandedOver, Activated, NoAnswer };
 HandOverOutcome contactRunningCopy(const QString &socketPath, const QString &commandLine,
-                                   int timeoutMs);
+                                   int timeoutMs, const QByteArray &activationToken = {});
 
 // True when the peer of a connected local socket runs as the same user.
 bool peerIsSameUser(qintptr socketDescriptor);

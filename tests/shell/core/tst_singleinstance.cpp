@@ -18,12 +18,21 @@ struct RecordingServer
     explicit RecordingServer(bool visible) : server(dir.path() + "/Tessaro_APPLICATION")
     {
         server.setVisibility([visible] { return visible; });
-        server.setHandlers([this](const QByteArray &bytes) { received << bytes; },
-                           [this] { ++activations; });
+        server.setHandlers(
+            [this](const QByteArray &bytes) {
+                received << bytes;
+                tokens << qgetenv("XDG_ACTIVATION_TOKEN");
+            },
+            [this] {
+                ++activations;
+                tokens << qgetenv("XDG_ACTIVATION_TOKEN");
+            });
     }
     QTemporaryDir dir;
     InstanceServer server;
     QByteArrayList received;
+    // The activation token each handler found in the environment.
+    QByteArrayList tokens;
     int activations = 0;
 };
 } // namespace
@@ -94,6 +103,43 @@ private Q_SLOTS:
 
         RequestReader activate;
         QCOMPARE(activate.feed(activateMessage()), RequestReader::State::Activate);
+    }
+    void anActivationTokenMayComeFirst()
+    {
+        const QByteArray message = tokenMessage("token-1") + dataMessage("\"/tmp/a.c\"");
+        RequestReader reader;
+        for (int i = 0; i < message.size() - 1; ++i)
+            QCOMPARE(reader.feed(message.mid(i, 1)), RequestReader::State::Incomplete);
+        QCOMPARE(reader.feed(message.right(1)), RequestReader::State::HandOver);
+        QCOMPARE(reader.token(), QByteArray("token-1"));
+        QCOMPARE(reader.payload(), QByteArray("\"/tmp/a.c\""));
+
+        RequestReader activate;
+        QCOMPARE(activate.feed(tokenMessage("t") + activateMessage()), RequestReader::State::Activate);
+        QCOMPARE(activate.token(), QByteArray("t"));
+        QVERIFY(tokenMessage(QByteArray()).isEmpty());
+
+        RequestReader twice;
+        QCOMPARE(twice.feed(tokenMessage("a") + tokenMessage("b") + activateMessage()),
+                 RequestReader::State::Invalid);
+        RequestReader empty;
+        QCOMPARE(empty.feed(QByteArray("T\0\0\0\0A", 6)), RequestReader::State::Invalid);
+        RequestReader long_;
+        QCOMPARE(long_.feed(QByteArray("T\0\0\x10\x01", 5)), RequestReader::State::Invalid);
+    }
+    void theLaterCopysTokenIsTheWindowsWhileItComesToTheFront()
+    {
+        RecordingServer s(true);
+        QVERIFY(s.server.listen());
+        qunsetenv("XDG_ACTIVATION_TOKEN");
+        QCOMPARE(contactRunningCopy(s.server.path(), "\"/tmp/a.c\"", 5000, "wayland-token"),
+                 HandOverOutcome::HandedOver);
+        QCOMPARE(contactRunningCopy(s.server.path(), QString(), 5000, "second"),
+                 HandOverOutcome::Activated);
+        QCOMPARE(contactRunningCopy(s.server.path(), QString(), 5000), HandOverOutcome::Activated);
+        QCOMPARE(s.tokens, QByteArrayList({"wayland-token", "second", QByteArray()}));
+        // No one else gets it afterwards.
+        QVERIFY(qgetenv("XDG_ACTIVATION_TOKEN").isEmpty());
     }
     void malformedRequestsAreRefused()
     {
