@@ -25,10 +25,39 @@ QString lineEndText(LineEnd end)
 
 namespace {
 
+// Collects a text's breaks in order and settles the usual kind at the end.
+class BreakTally
+{
+public:
+    void add(LineEnd kind)
+    {
+        m_ends.breaks.push_back(kind);
+        ++m_counts[static_cast<std::size_t>(kind)];
+    }
+    qsizetype count(LineEnd kind) const { return m_counts[static_cast<std::size_t>(kind)]; }
+    LineEnds finish()
+    {
+        // Ties prefer CR LF, the break a new source file gets, then LF.
+        const std::array<LineEnd, 3> order{LineEnd::CRLF, LineEnd::LF, LineEnd::CR};
+        qsizetype best = 0;
+        for (LineEnd kind : order) {
+            if (count(kind) > best) {
+                best = count(kind);
+                m_ends.usual = kind;
+            }
+        }
+        m_ends.uniform = best == static_cast<qsizetype>(m_ends.breaks.size());
+        return std::move(m_ends);
+    }
+
+private:
+    LineEnds m_ends;
+    std::array<qsizetype, 4> m_counts{};
+};
+
 template <typename Char> LineEnds scanBreaks(const Char *p, qsizetype n)
 {
-    LineEnds result;
-    std::array<qsizetype, 4> counts{};
+    BreakTally tally;
     for (qsizetype i = 0; i < n; ++i) {
         const Char c = p[i];
         LineEnd kind;
@@ -44,20 +73,9 @@ template <typename Char> LineEnds scanBreaks(const Char *p, qsizetype n)
         } else {
             continue;
         }
-        result.breaks.push_back(kind);
-        ++counts[static_cast<std::size_t>(kind)];
+        tally.add(kind);
     }
-    // Ties prefer CR LF, the break a new source file gets, then LF.
-    const std::array<LineEnd, 3> order{LineEnd::CRLF, LineEnd::LF, LineEnd::CR};
-    qsizetype best = 0;
-    for (LineEnd kind : order) {
-        if (counts[static_cast<std::size_t>(kind)] > best) {
-            best = counts[static_cast<std::size_t>(kind)];
-            result.usual = kind;
-        }
-    }
-    result.uniform = best == static_cast<qsizetype>(result.breaks.size());
-    return result;
+    return tally.finish();
 }
 
 } // namespace
@@ -105,22 +123,9 @@ template <typename OnBreak> void forEachBreak(QByteArrayView text, OnBreak onBre
 
 LineEnds scanLineEnds(QByteArrayView text)
 {
-    LineEnds result;
-    std::array<qsizetype, 4> counts{};
-    forEachBreak(text, [&](qsizetype, LineEnd kind, qsizetype) {
-        result.breaks.push_back(kind);
-        ++counts[static_cast<std::size_t>(kind)];
-    });
-    const std::array<LineEnd, 3> order{LineEnd::CRLF, LineEnd::LF, LineEnd::CR};
-    qsizetype best = 0;
-    for (LineEnd kind : order) {
-        if (counts[static_cast<std::size_t>(kind)] > best) {
-            best = counts[static_cast<std::size_t>(kind)];
-            result.usual = kind;
-        }
-    }
-    result.uniform = best == static_cast<qsizetype>(result.breaks.size());
-    return result;
+    BreakTally tally;
+    forEachBreak(text, [&](qsizetype, LineEnd kind, qsizetype) { tally.add(kind); });
+    return tally.finish();
 }
 
 LineEnds lineEndsWithUsual(const QString &text, LineEnd usual)
@@ -190,11 +195,9 @@ LineEnds toCrLfBreaks(QByteArray &text)
     qsizetype written = 0;
     const char *in = text.constData();
     qsizetype from = 0;
-    LineEnds result;
-    std::array<qsizetype, 4> counts{};
+    BreakTally tally;
     forEachBreak(text, [&](qsizetype at, LineEnd kind, qsizetype after) {
-        result.breaks.push_back(kind);
-        ++counts[static_cast<std::size_t>(kind)];
+        tally.add(kind);
         const qsizetype length = at - from;
         if (written + length + 2 + (size - at) > out.size())
             out.resize(std::max(out.size() * 2, written + length + 2 + (size - at)));
@@ -205,16 +208,8 @@ LineEnds toCrLfBreaks(QByteArray &text)
         written += length + 2;
         from = after;
     });
-    const std::array<LineEnd, 3> order{LineEnd::CRLF, LineEnd::LF, LineEnd::CR};
-    qsizetype best = 0;
-    for (LineEnd kind : order) {
-        if (counts[static_cast<std::size_t>(kind)] > best) {
-            best = counts[static_cast<std::size_t>(kind)];
-            result.usual = kind;
-        }
-    }
-    result.uniform = best == static_cast<qsizetype>(result.breaks.size());
-    if (counts[static_cast<std::size_t>(LineEnd::CRLF)] == qsizetype(result.breaks.size()))
+    LineEnds result = tally.finish();
+    if (tally.count(LineEnd::CRLF) == qsizetype(result.breaks.size()))
         return result;
     if (written + (size - from) > out.size())
         out.resize(written + (size - from));
