@@ -24,8 +24,8 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMdiArea>
-#include <QMenu>
 #include <QMdiSubWindow>
+#include <QMenu>
 #include <QPushButton>
 #include <QTimer>
 #include <QTreeWidget>
@@ -57,9 +57,9 @@ void serve(int ms)
 }
 
 const char *const tokens[] = {
-    "int ", "while ", "return ", "NULL", "trap_print", "qboolean ", "/*", "*/", "//", "\"",
-    "'", "\t", "\n", "\n", " ", " ", "{", "}", ";", "(", ")", "x", "abc", "\xe9", "\xff", "\x80",
-    "#include ", "vec3_t ", "\r\n",
+    "int ", "while ", "return ", "NULL", "trap_print", "qboolean ", "/*",   "*/", "//", "\"", "'",
+    "\t",   "\n",     "\n",      " ",    " ",          "{",         "}",    ";",  "(",  ")",  "x",
+    "abc",  "\xe9",   "\xff",    "\x80", "#include ",  "vec3_t ",   "\r\n",
 };
 
 } // namespace
@@ -209,7 +209,8 @@ bool Soak::check(const QString &actionName)
     recovery->writeAllNow();
     QDir session(recovery->sessionFolder());
     for (const QFileInfo &info : session.entryInfoList({QStringLiteral("*.copy")}, QDir::Files)) {
-        const std::optional<RecoveryCopy> copy = RecoveryCopy::fromBytes(test::readFile(info.filePath()));
+        const std::optional<RecoveryCopy> copy =
+            RecoveryCopy::fromBytes(test::readFile(info.filePath()));
         if (!copy) {
             fail(QStringLiteral("after %1, the recovery copy %2 cannot be read")
                      .arg(actionName, info.fileName()));
@@ -264,7 +265,10 @@ QList<frmDocument *> Soak::documents() const
     return list;
 }
 
-frmDocument *Soak::activeDocument() const { return DocumentCommands::of(*m_frame)->activeDocument(); }
+frmDocument *Soak::activeDocument() const
+{
+    return DocumentCommands::of(*m_frame)->activeDocument();
+}
 
 frmDocument *Soak::ensureDocument()
 {
@@ -315,7 +319,8 @@ QString Soak::randomPath(const char *suffix)
 {
     if (m_random.bounded(3) == 0 && !m_mod.sources.isEmpty())
         return m_mod.sources.at(int(m_random.bounded(qsizetype(m_mod.sources.size()))));
-    return QDir(m_workdir).filePath(QStringLiteral("saved%1%2").arg(++m_saveCount).arg(QLatin1String(suffix)));
+    return QDir(m_workdir).filePath(
+        QStringLiteral("saved%1%2").arg(++m_saveCount).arg(QLatin1String(suffix)));
 }
 
 void Soak::typeText()
@@ -342,9 +347,10 @@ void Soak::typeText()
 void Soak::typeKeys()
 {
     QWidget *box = activeDocument()->code()->hWnd();
-    static const Qt::Key keys[] = {Qt::Key_Backspace, Qt::Key_Delete, Qt::Key_Left, Qt::Key_Right,
-                                   Qt::Key_Up,        Qt::Key_Down,   Qt::Key_Home, Qt::Key_End,
-                                   Qt::Key_PageUp,    Qt::Key_PageDown, Qt::Key_Tab, Qt::Key_Return};
+    static const Qt::Key keys[] = {Qt::Key_Backspace, Qt::Key_Delete, Qt::Key_Left,
+                                   Qt::Key_Right,     Qt::Key_Up,     Qt::Key_Down,
+                                   Qt::Key_Home,      Qt::Key_End,    Qt::Key_PageUp,
+                                   Qt::Key_PageDown,  Qt::Key_Tab,    Qt::Key_Return};
     static const Qt::KeyboardModifiers mods[] = {Qt::NoModifier, Qt::NoModifier, Qt::ShiftModifier,
                                                  Qt::ControlModifier,
                                                  Qt::ControlModifier | Qt::ShiftModifier};
@@ -365,7 +371,8 @@ void Soak::paste()
 void Soak::undoRedoRun()
 {
     for (int i = int(m_random.bounded(1, 8)); i > 0; --i)
-        trigger(m_random.bounded(3) ? QStringLiteral("mnuEditUndo") : QStringLiteral("mnuEditRedo"));
+        trigger(m_random.bounded(3) ? QStringLiteral("mnuEditUndo")
+                                    : QStringLiteral("mnuEditRedo"));
 }
 
 void Soak::find()
@@ -481,14 +488,14 @@ void Soak::arrangeWindows()
 void Soak::build()
 {
     static const char *const names[] = {"mnuBuildgameQVM", "mnuBuildcgameQVM", "mnuBuilduiQVM",
-                                        "mnuBuildQ2", "mnuBuildEXE", "mnuFileProperties"};
+                                        "mnuBuildQ2",      "mnuBuildEXE",      "mnuFileProperties"};
     trigger(QLatin1String(names[m_random.bounded(int(std::size(names)))]));
 }
 
 void Soak::toolWindows()
 {
-    static const char *const names[] = {"mnuToolsOptions", "mnuFileProperties", "mnuBuildUpload",
-                                        "mnuEditFindnF", "mnuViewOutput", "mnuViewToolbar",
+    static const char *const names[] = {"mnuToolsOptions",  "mnuFileProperties", "mnuBuildUpload",
+                                        "mnuEditFindnF",    "mnuViewOutput",     "mnuViewToolbar",
                                         "mnuViewStatusBar", "mnuHelpAbout"};
     trigger(QLatin1String(names[m_random.bounded(int(std::size(names)))]));
     serve(5);

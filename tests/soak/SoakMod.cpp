@@ -61,7 +61,7 @@ SoakMod writeSoakMod(const QString &folder, const QString &sampleMod)
     QByteArray tdi;
     for (const QString &path : mod.sources) {
         const QString relative = QDir(mod.folder).relativeFilePath(path);
-        const char *group = relative.endsWith(QLatin1String(".h")) ? "HEAD="
+        const char *group = relative.endsWith(QLatin1String(".h"))         ? "HEAD="
                             : relative.startsWith(QLatin1String("cgame/")) ? "CAME="
                             : relative.startsWith(QLatin1String("ui/"))    ? "USER="
                             : relative.endsWith(QLatin1String(".c"))       ? "GAME="

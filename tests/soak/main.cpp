@@ -36,8 +36,8 @@ int main(int argc, char **argv)
     QDir().mkpath(workdir);
     const QByteArray home = QDir(workdir).filePath(QStringLiteral("home")).toLocal8Bit();
     qputenv("HOME", home);
-    for (const char *name : {"XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME",
-                             "XDG_STATE_HOME", "XDG_RUNTIME_DIR", "XDG_CONFIG_DIRS"}) {
+    for (const char *name : {"XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME", "XDG_STATE_HOME",
+                             "XDG_RUNTIME_DIR", "XDG_CONFIG_DIRS"}) {
         const QByteArray folder = home + '/' + QByteArray(name).toLower();
         QDir().mkpath(QString::fromLocal8Bit(folder));
         QFile::setPermissions(QString::fromLocal8Bit(folder), QFileDevice::ReadOwner |

@@ -61,9 +61,8 @@ int runLaterCopy(int argc, char **argv, const QString &commandLine)
 {
     // No window system is touched: a core application is enough for the socket.
     QCoreApplication application(argc, argv);
-    const HandOverOutcome outcome =
-        contactRunningCopy(instanceSocketPath(), commandLine, handover::kTimeoutMs,
-                           qgetenv("XDG_ACTIVATION_TOKEN"));
+    const HandOverOutcome outcome = contactRunningCopy(
+        instanceSocketPath(), commandLine, handover::kTimeoutMs, qgetenv("XDG_ACTIVATION_TOKEN"));
     logEvent(QStringLiteral("later copy: ") + outcomeText(outcome));
     return 0;
 }

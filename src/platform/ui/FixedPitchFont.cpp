@@ -26,6 +26,9 @@ QFont fixedPitchFont(const QFont &systemFixed)
     return font;
 }
 
-QFont fixedPitchFont() { return fixedPitchFont(QFontDatabase::systemFont(QFontDatabase::FixedFont)); }
+QFont fixedPitchFont()
+{
+    return fixedPitchFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+}
 
 } // namespace tessaro

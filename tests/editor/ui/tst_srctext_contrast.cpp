@@ -55,8 +55,7 @@ Measured measure(srcText &code)
     // The text's two lines, nothing of the scroll bars.
     const int lineHeight = int(code.RTFBox()->send(SourceEditBox::SCI_TEXTHEIGHT, 0));
     const QRect lines(0, 0, 300, 2 * lineHeight);
-    const QImage image =
-        code.grab(lines).toImage().convertToFormat(QImage::Format_RGB32);
+    const QImage image = code.grab(lines).toImage().convertToFormat(QImage::Format_RGB32);
     QHash<QRgb, int> counts;
     for (int y = 0; y < image.height(); ++y)
         for (int x = 0; x < image.width(); ++x)
@@ -128,8 +127,10 @@ private Q_SLOTS:
         // A light cream base keeps every default colour readable: it stays.
         QCOMPARE(readable::documentBackground(QColor(0xff, 0xfb, 0xf0), defaults),
                  QColor(0xff, 0xfb, 0xf0));
-        QCOMPARE(readable::documentBackground(QColor(0x2b, 0x2b, 0x2b), defaults), QColor(Qt::white));
-        QCOMPARE(readable::documentBackground(QColor(0xc8, 0xc8, 0xc8), defaults), QColor(Qt::white));
+        QCOMPARE(readable::documentBackground(QColor(0x2b, 0x2b, 0x2b), defaults),
+                 QColor(Qt::white));
+        QCOMPARE(readable::documentBackground(QColor(0xc8, 0xc8, 0xc8), defaults),
+                 QColor(Qt::white));
         // A user's own light text colour is readable on the dark base only: it stays.
         const QList<QColor> light{QColor(0xee, 0xee, 0xee), QColor(0x80, 0xff, 0x80)};
         QCOMPARE(readable::documentBackground(QColor(0x2b, 0x2b, 0x2b), light),

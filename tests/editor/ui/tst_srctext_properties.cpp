@@ -5,9 +5,9 @@
 #include "platform/core/RuntimeError.h"
 #include "support/TestSupport.h"
 
+#include "editor/ui/SourceEditBox.h"
 #include <QApplication>
 #include <QClipboard>
-#include "editor/ui/SourceEditBox.h"
 
 #include <QTimer>
 
@@ -46,8 +46,8 @@ private Q_SLOTS:
         srcText code(&container);
         QCOMPARE(code.Mode(), 9);
         QCOMPARE(code.BackColor(), 0x80000005u);
-        const long back = code.RTFBox()->send(SourceEditBox::SCI_STYLEGETBACK,
-                                              SourceEditBox::STYLE_DEFAULT);
+        const long back =
+            code.RTFBox()->send(SourceEditBox::SCI_STYLEGETBACK, SourceEditBox::STYLE_DEFAULT);
         QCOMPARE(QColor(int(back & 0xff), int((back >> 8) & 0xff), int((back >> 16) & 0xff)),
                  code.palette().color(QPalette::Base));
         QVERIFY(!code.TabStop());

@@ -7,8 +7,8 @@
 #include "support/TestSupport.h"
 
 #include <QAbstractButton>
-#include <QPushButton>
 #include <QApplication>
+#include <QPushButton>
 #include <QTest>
 
 using namespace tessaro;
@@ -84,7 +84,8 @@ private Q_SLOTS:
     {
         MessageBoxWindow box(QStringLiteral("Save?"), mb::YesNo, QStringLiteral("Tessaro"));
         QCOMPARE(static_cast<QAbstractButton *>(box.defaultButton()), box.buttonOf(mb::Yes));
-        MessageBoxWindow retry(QStringLiteral("Retry?"), mb::RetryCancel, QStringLiteral("Tessaro"));
+        MessageBoxWindow retry(QStringLiteral("Retry?"), mb::RetryCancel,
+                               QStringLiteral("Tessaro"));
         QCOMPARE(static_cast<QAbstractButton *>(retry.defaultButton()), retry.buttonOf(mb::Retry));
     }
 };

@@ -115,7 +115,8 @@ private Q_SLOTS:
         QCOMPARE(reader.payload(), QByteArray("\"/tmp/a.c\""));
 
         RequestReader activate;
-        QCOMPARE(activate.feed(tokenMessage("t") + activateMessage()), RequestReader::State::Activate);
+        QCOMPARE(activate.feed(tokenMessage("t") + activateMessage()),
+                 RequestReader::State::Activate);
         QCOMPARE(activate.token(), QByteArray("t"));
         QVERIFY(tokenMessage(QByteArray()).isEmpty());
 

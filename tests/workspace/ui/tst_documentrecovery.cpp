@@ -2,6 +2,7 @@
 // removed, what an untrapped run-time error and the emergency save leave behind, and
 // how the documents of an earlier session come back.
 #include "app/ui/MainWindow.h"
+#include "editor/ui/SourceEditBox.h"
 #include "editor/ui/srcText.h"
 #include "platform/core/EmergencySave.h"
 #include "platform/core/ErrorTraps.h"
@@ -15,7 +16,6 @@
 #include "workspace/ui/DocumentRecovery.h"
 #include "workspace/ui/frmDocument.h"
 #include "workspace/ui/frmRecover.h"
-#include "editor/ui/SourceEditBox.h"
 
 #include <QAction>
 #include <QListWidget>

@@ -1,8 +1,10 @@
 #include "app/ui/MainWindow.h"
 #include "editor/core/DynHighlight.h"
 #include "editor/ui/EditorTestHelpers.h"
+#include "editor/ui/SourceEditBox.h"
 #include "editor/ui/srcText.h"
 #include "platform/core/TextFile.h"
+#include "platform/ui/WidgetMessageBox.h"
 #include "search/ui/frmFnF.h"
 #include "search/ui/frmOut.h"
 #include "shell/ui/frmMain.h"
@@ -11,19 +13,17 @@
 #include "workspace/ui/DocumentCommands.h"
 #include "workspace/ui/WorkspaceCommands.h"
 #include "workspace/ui/frmDocument.h"
-#include "platform/ui/WidgetMessageBox.h"
 #include <QAbstractButton>
-#include "editor/ui/SourceEditBox.h"
 
 #include <QAction>
 #include <QDirIterator>
-#include <QRandomGenerator>
 #include <QMdiArea>
 #include <QMdiSubWindow>
+#include <QRandomGenerator>
 #include <QTemporaryDir>
-#include <QTimer>
 #include <QTextCursor>
 #include <QTextDocument>
+#include <QTimer>
 
 using namespace tessaro;
 
@@ -514,8 +514,8 @@ private Q_SLOTS:
             QVERIFY(box);
             QTest::keyClick(box, Qt::Key_Escape);
             QApplication::processEvents();
-            stillOpenAfterEsc = box->isVisible() && documents().contains(document) &&
-                                document->code()->Modified();
+            stillOpenAfterEsc =
+                box->isVisible() && documents().contains(document) && document->code()->Modified();
             box->close();
             QApplication::processEvents();
             stillOpenAfterClose = box->isVisible() && documents().contains(document);

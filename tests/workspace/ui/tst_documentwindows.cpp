@@ -1,6 +1,7 @@
 // How document windows look when they open: their place and size in the MDI area,
 // their font, and the file dialogs they ask for names with.
 #include "app/ui/MainWindow.h"
+#include "editor/ui/SourceEditBox.h"
 #include "editor/ui/srcText.h"
 #include "platform/core/CommonDialog.h"
 #include "platform/core/TextFile.h"
@@ -11,7 +12,6 @@
 #include "support/TestSupport.h"
 #include "workspace/ui/DocumentCommands.h"
 #include "workspace/ui/frmDocument.h"
-#include "editor/ui/SourceEditBox.h"
 
 #include <QAction>
 #include <QFileDialog>
