@@ -13,8 +13,8 @@
 #include "workspace/ui/DocumentCommands.h"
 #include "workspace/ui/WorkspaceCommands.h"
 #include "workspace/ui/frmDocument.h"
-#include <QAbstractButton>
 
+#include <QAbstractButton>
 #include <QAction>
 #include <QDirIterator>
 #include <QMdiArea>
