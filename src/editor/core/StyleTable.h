@@ -9,7 +9,7 @@ namespace tessaro {
 
 // The styles of the editor box: one style byte per character. Style 0 is the plain
 // text (no colour of its own: it shows in Colour_Text); every other style stands for
-// one colour, given out the first time the colour is asked for. The box has 248
+// one colour, given out the first time the colour is asked for. The box has 247
 // styles for colours (1-31 and 40-255; 32-39 are its own); once they are all given
 // out, further colours share the last one.
 class StyleTable
