@@ -105,9 +105,7 @@ QColor lastLineColour(srcText &code)
 {
     const SourceEditBox *box = code.RTFBox();
     const qsizetype at = box->lineStart(box->lineCount() - 2) + 1;
-    const long value = box->send(SourceEditBox::SCI_STYLEGETFORE,
-                                 ulong(box->send(SourceEditBox::SCI_GETSTYLEAT, ulong(at))));
-    return QColor(int(value & 0xff), int((value >> 8) & 0xff), int((value >> 16) & 0xff));
+    return box->foregroundAt(at);
 }
 
 // Serves the event loop until nothing is left to colour (the cascade of a comment

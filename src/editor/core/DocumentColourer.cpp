@@ -281,12 +281,18 @@ bool DocumentColourer::applySlice(const QElapsedTimer &clock)
             break;
     }
     run.nextLine = line;
+    commitLines(first, spellings, styles, inComment);
+    return line >= lineCount;
+}
+
+void DocumentColourer::commitLines(int first, const Spellings &spellings, const QByteArray &styles,
+                                   const std::vector<bool> &inComment)
+{
     // Respelled words keep their length; their styles are set after them.
     writeSpellings(spellings);
     m_text.setStyles(m_text.lineStart(first), styles);
-    for (int i = first; i < line; ++i)
-        setCommentState(i, inComment[std::size_t(i - first)]);
-    return line >= lineCount;
+    for (std::size_t i = 0; i < inComment.size(); ++i)
+        setCommentState(first + int(i), inComment[i]);
 }
 
 void DocumentColourer::finish()
@@ -382,8 +388,7 @@ void DocumentColourer::colourLines(int firstLine, int lastLine, qsizetype caretP
             break;
         if (line > lastLine && line < lineCount && clock.elapsed() >= TypingBudgetMs) {
             // A long cascade (a comment opened above many lines) goes on from the
-            // event loop, so the keystroke is shown at once. The line it stops at is
-            // marked unknown so that the cascade goes on past it.
+            // event loop, so the keystroke is shown at once.
             m_dirtyFirst = m_dirtyFirst < 0 ? line : std::min(m_dirtyFirst, line);
             m_dirtyLast = std::max(m_dirtyLast, line);
             m_dirtyFromUndo = m_dirtyFromUndo || !respell;
@@ -391,10 +396,7 @@ void DocumentColourer::colourLines(int firstLine, int lastLine, qsizetype caretP
             break;
         }
     }
-    writeSpellings(spellings);
-    m_text.setStyles(m_text.lineStart(first), styles);
-    for (int i = first; i < line; ++i)
-        setCommentState(i, inComment[std::size_t(i - first)]);
+    commitLines(first, spellings, styles, inComment);
 }
 
 // ---- Styles of a line --------------------------------------------------------------

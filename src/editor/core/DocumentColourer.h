@@ -131,6 +131,10 @@ private:
     void collectSpellings(int line, const std::vector<Piece> &pieces, std::size_t from,
                           Spellings &spellings, qsizetype caretPosition) const;
     void writeSpellings(const Spellings &spellings);
+    // Lays what was worked out for the lines from `first` on onto the text: the
+    // respellings, then the styles and each line's comment state.
+    void commitLines(int first, const Spellings &spellings, const QByteArray &styles,
+                     const std::vector<bool> &inComment);
     void setCommentState(int line, bool inComment);
     bool lineStartsInComment(int line) const;
     bool cLike() const;

@@ -64,9 +64,7 @@ int ScintillaText::styleAt(qsizetype position) const
 
 void ScintillaText::replace(qsizetype from, QByteArrayView bytes)
 {
-    m_box.send(SourceEditBox::SCI_SETTARGETRANGE, ulong(from), long(from + bytes.size()));
-    m_box.SendScintilla(SourceEditBox::SCI_REPLACETARGET, uintptr_t(bytes.size()), bytes.data());
-    m_box.settle();
+    m_box.replaceRange(from, from + bytes.size(), bytes);
 }
 
 bool ScintillaText::canUndo() const

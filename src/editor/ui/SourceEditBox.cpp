@@ -207,12 +207,17 @@ void SourceEditBox::select(qsizetype anchor, qsizetype caret)
     send(SCI_SETSEL, anchor, caret);
 }
 
-void SourceEditBox::replaceSelection(QByteArrayView text)
+void SourceEditBox::replaceRange(qsizetype from, qsizetype to, QByteArrayView text)
 {
-    send(SCI_TARGETFROMSELECTION);
+    send(SCI_SETTARGETRANGE, ulong(from), long(to));
     // Scintilla wants a text even for none.
     SendScintilla(SCI_REPLACETARGET, uintptr_t(text.size()), text.isEmpty() ? "" : text.data());
     settle();
+}
+
+void SourceEditBox::replaceSelection(QByteArrayView text)
+{
+    replaceRange(selectionStart(), selectionEnd(), text);
     const qsizetype end = send(SCI_GETTARGETEND);
     send(SCI_SETSEL, end, end);
 }

@@ -3,6 +3,7 @@
 #include "editor/ui/QsciBase.h"
 
 #include <QByteArrayView>
+#include <QColor>
 
 #include <optional>
 
@@ -63,9 +64,21 @@ public:
     bool hasSelection() const { return selectionEnd() > selectionStart(); }
     // Selects from anchor to caret and shows the caret.
     void select(qsizetype anchor, qsizetype caret);
-    // Replaces the selection with the bytes (which may hold NUL bytes); the caret
-    // ends after them.
+    // Replaces [from, to) with the bytes (which may hold NUL bytes) as one undo step
+    // and tells of the edit; positions after it move with the text.
+    void replaceRange(qsizetype from, qsizetype to, QByteArrayView text);
+    // Replaces the selection; the caret ends after the bytes.
     void replaceSelection(QByteArrayView text);
+    // A colour as Scintilla gives it (red + 256 * green + 65536 * blue).
+    static QColor colourOf(long value)
+    {
+        return QColor(int(value & 0xff), int((value >> 8) & 0xff), int((value >> 16) & 0xff));
+    }
+    // The colour a character shows in: the foreground of its style.
+    QColor foregroundAt(qsizetype position) const
+    {
+        return colourOf(send(SCI_STYLEGETFORE, ulong(send(SCI_GETSTYLEAT, ulong(position)))));
+    }
 
     int lineOf(qsizetype position) const { return int(send(SCI_LINEFROMPOSITION, position)); }
     qsizetype lineStart(int line) const { return send(SCI_POSITIONFROMLINE, line); }

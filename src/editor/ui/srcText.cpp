@@ -211,15 +211,15 @@ void srcText::setDocumentBytes(const QByteArray &bytes, const LineEnds *lineEnds
 {
     m_loading = true;
     m_rtfMain->setBytes(bytes);
-    if (lineEnds) {
-        m_usualLineEnd = lineEnds->usual;
-        if (!lineEnds->uniform) {
-            // Each line remembers its own break, so a file of mixed breaks saves back
-            // byte for byte.
-            int line = 0;
-            for (LineEnd end : lineEnds->breaks)
-                m_text->setLineState(line++, int(end));
-        }
+    // A text given without breaks of its own (set by the program) saves with CR LF.
+    m_usualLineEnd = lineEnds ? lineEnds->usual : LineEnd::CRLF;
+    m_ownLineEnds = lineEnds && !lineEnds->uniform;
+    if (m_ownLineEnds) {
+        // Each line remembers its own break, so a file of mixed breaks saves back byte
+        // for byte.
+        int line = 0;
+        for (LineEnd end : lineEnds->breaks)
+            m_text->setLineState(line++, int(end));
     }
     // A new text is coloured by a full run (or not at all), not line by line.
     m_colouring->forgetChanges();
@@ -244,14 +244,14 @@ void srcText::SaveFile(const QString &strFileName, int FileType)
 QByteArray srcText::fileBytes() const
 {
     const QByteArrayView text = m_rtfMain->bytes();
-    const int lines = m_rtfMain->lineCount();
-    bool ownBreaks = false;
-    for (int line = 0; line + 1 < lines && !ownBreaks; ++line)
-        ownBreaks = (m_text->lineState(line) & linestate::LineEndMask) != 0;
-    // The box holds CR LF breaks: a text whose lines all take CR LF is saved as it is.
-    if (!ownBreaks && m_usualLineEnd == LineEnd::CRLF)
-        return text.toByteArray();
     const QByteArray usual = lineEndText(m_usualLineEnd).toLatin1();
+    // The box holds CR LF breaks: without lines of breaks of their own, every break is
+    // written as the usual one.
+    if (!m_ownLineEnds) {
+        QByteArray out = text.toByteArray();
+        return m_usualLineEnd == LineEnd::CRLF ? out : out.replace("\r\n", usual);
+    }
+    const int lines = m_rtfMain->lineCount();
     QByteArray out;
     out.reserve(text.size());
     for (int line = 0; line < lines; ++line) {
@@ -299,7 +299,6 @@ void srcText::setText(const QString &New_Text)
 {
     const qsizetype removed = m_rtfMain->length();
     setDocumentBytes(textfile::toBytes(withCrLfBreaks(New_Text)), nullptr);
-    m_usualLineEnd = LineEnd::CRLF;
     // A text set by the program is a change like any other: told once, and coloured
     // by the typing path.
     noteEdit(0, removed, m_rtfMain->length());
@@ -482,11 +481,6 @@ void srcText::setBorder(bool New_Border)
 void srcText::setBackColor(quint32 New_BackColor)
 {
     m_backColour = New_BackColor;
-    applyBackground();
-}
-
-void srcText::applyBackground()
-{
     applyStyles();
 }
 
@@ -564,13 +558,14 @@ void srcText::setColour_Text(quint32 New_Colour_Text)
     updateColours();
 }
 
+ColourValue srcText::shownColour(quint32 value) const
+{
+    return propertycolour::fromColor(propertycolour::toColor(value, palette()));
+}
+
 void srcText::updateColours()
 {
-    const QPalette pal = palette();
-    auto shown = [&](quint32 value) {
-        return propertycolour::fromColor(propertycolour::toColor(value, pal));
-    };
-    m_colouring->setColours({shown(m_colourComment), shown(m_colourKeyword)});
+    m_colouring->setColours({shownColour(m_colourComment), shownColour(m_colourKeyword)});
     applyStyles();
 }
 

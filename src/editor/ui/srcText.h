@@ -317,7 +317,6 @@ private:
     QString indentUnit() const;
     // The box's styles: the font, the background and the colours of every style.
     void applyTextFont();
-    void applyBackground();
     void applyStyles();
     // The colour the document is drawn on: BackColor, and for the window-background
     // system colour one on which every text colour of the document stays readable.
@@ -333,6 +332,8 @@ private:
     void startRun(bool html, bool respell);
     void loadWordLists(int mode);
     void updateColours();
+    // A colour property's value as the document shows it (system colours resolved).
+    ColourValue shownColour(quint32 value) const;
     void defineMarks();
     // Gives the whole text the colours of the runs (positions of Text), in place of
     // what a run under way or the typing path would give.
@@ -367,6 +368,9 @@ private:
     QString m_fileName;
     QString m_commentMarker;
     LineEnd m_usualLineEnd = LineEnd::CRLF;
+    // Some lines keep a break of their own (a file of mixed breaks): saving asks each
+    // line for its break.
+    bool m_ownLineEnds = false;
     int m_mode = 9;
     quint32 m_colourComment = 0x8000;
     quint32 m_colourKeyword = 0x7F0000;

@@ -90,26 +90,22 @@ void srcText::rewriteBlock(const QString &marker, bool add)
     for (int line = firstLine; line <= lastLine; ++line) {
         const qsizetype start = m_rtfMain->lineStart(line);
         if (add) {
-            m_rtfMain->SendScintilla(SourceEditBox::SCI_INSERTTEXT, uintptr_t(start),
-                                     markerBytes.constData());
+            m_rtfMain->replaceRange(start, start, markerBytes);
         } else {
             const blockedit::Removal removal = blockedit::markerRemoval(lineText(line), marker);
             if (removal.offset >= 0)
-                m_rtfMain->send(SourceEditBox::SCI_DELETERANGE, ulong(start + removal.offset),
-                                removal.length);
+                m_rtfMain->replaceRange(start + removal.offset,
+                                        start + removal.offset + removal.length, {});
         }
     }
     m_rtfMain->send(SourceEditBox::SCI_ENDUNDOACTION);
-    m_rtfMain->settle();
     const qsizetype start = m_rtfMain->lineStart(firstLine);
     const qsizetype end = m_rtfMain->lineEnd(lastLine);
     const bool commenting = add && marker == commentMarkerForBlock();
     if (commenting && m_mode != mode::Html && DocumentColourer::modeColours(m_mode, false)) {
         // The commented block shows as a comment at once, without a colouring run.
         std::vector<RtfColourRun> comment;
-        const QPalette pal = palette();
-        const ColourValue colour =
-            propertycolour::fromColor(propertycolour::toColor(m_colourComment, pal));
+        const ColourValue colour = shownColour(m_colourComment);
         for (int line = firstLine; line <= lastLine; ++line) {
             const qsizetype from = m_rtfMain->lineStart(line);
             comment.push_back({from - start, m_rtfMain->lineEnd(line) - from, colour});
@@ -144,11 +140,7 @@ void srcText::InsertBlock(const QString &strCode, bool bReplaceSelection, bool b
         m_rtfMain->replaceSelection(bytes);
     } else {
         // The block goes in front of the selected text, which moves with its text.
-        m_rtfMain->send(SourceEditBox::SCI_SETTARGETRANGE, ulong(at), at);
-        if (!bytes.isEmpty())
-            m_rtfMain->SendScintilla(SourceEditBox::SCI_REPLACETARGET, uintptr_t(bytes.size()),
-                                     bytes.constData());
-        m_rtfMain->settle();
+        m_rtfMain->replaceRange(at, at, bytes);
         m_rtfMain->select(anchor + bytes.size(), caret + bytes.size());
     }
     flushTyping();
@@ -381,8 +373,7 @@ bool srcText::handleBackspace()
     if (column == 0 || before.count(u' ') != before.size())
         return false;
     const int back = column % m_indentValue == 0 ? m_indentValue : column % m_indentValue;
-    m_rtfMain->send(SourceEditBox::SCI_DELETERANGE, ulong(caret - back), back);
-    m_rtfMain->settle();
+    m_rtfMain->replaceRange(caret - back, caret, {});
     afterKey();
     return true;
 }

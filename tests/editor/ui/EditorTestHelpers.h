@@ -11,10 +11,7 @@ namespace tessaro::test {
 // its style in the box.
 inline QColor colourAt(const srcText &code, qsizetype position)
 {
-    const SourceEditBox *box = code.RTFBox();
-    const long style = box->send(SourceEditBox::SCI_GETSTYLEAT, ulong(position));
-    const long value = box->send(SourceEditBox::SCI_STYLEGETFORE, ulong(style));
-    return QColor(int(value & 0xff), int((value >> 8) & 0xff), int((value >> 16) & 0xff));
+    return code.RTFBox()->foregroundAt(position);
 }
 
 // The foreground colour of the first character of a word of the text.
@@ -58,8 +55,7 @@ inline QColor backgroundAt(const srcText &code, qsizetype position)
     const long on = box->send(SourceEditBox::SCI_INDICATORALLONFOR, ulong(position));
     for (int indicator = 8; indicator < 32; ++indicator) {
         if (on & (1L << indicator)) {
-            const long value = box->send(SourceEditBox::SCI_INDICGETFORE, ulong(indicator));
-            return QColor(int(value & 0xff), int((value >> 8) & 0xff), int((value >> 16) & 0xff));
+            return SourceEditBox::colourOf(box->send(SourceEditBox::SCI_INDICGETFORE, ulong(indicator)));
         }
     }
     return QColor();

@@ -48,7 +48,7 @@ private Q_SLOTS:
         QCOMPARE(code.BackColor(), 0x80000005u);
         const long back =
             code.RTFBox()->send(SourceEditBox::SCI_STYLEGETBACK, SourceEditBox::STYLE_DEFAULT);
-        QCOMPARE(QColor(int(back & 0xff), int((back >> 8) & 0xff), int((back >> 16) & 0xff)),
+        QCOMPARE(SourceEditBox::colourOf(back),
                  code.palette().color(QPalette::Base));
         QVERIFY(!code.TabStop());
         QVERIFY(!code.Locked());
